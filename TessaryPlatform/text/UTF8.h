@@ -1,0 +1,113 @@
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <iterator>
+#include <string>
+#include <string_view>
+
+namespace tessary {
+
+/// UTF-8, UTF-16 and UTF-32 and the roads between them.
+///
+/// Every operation survives any bytes. A broken UTF-8 sequence reads as U+FFFD once for each maximal subpart of an
+/// ill-formed sequence (The Unicode Standard, section 3.9, "U+FFFD Substitution of Maximal Subparts"), which is what
+/// CPython's `bytes.decode("utf-8", "replace")` and the WHATWG decoder do.
+
+/// What stands in for text that could not be read.
+inline constexpr char32_t replacementCharacter = U'\uFFFD';
+
+/// One scalar read out of UTF-8.
+struct DecodedScalar {
+  /// The scalar, or U+FFFD where the bytes are ill-formed.
+  char32_t scalar;
+  /// How many bytes it took, 1 to 4 (1 to 3 where ill-formed).
+  std::uint8_t byteCount;
+  /// False where `scalar` stands in for ill-formed bytes, which a genuine U+FFFD does not.
+  bool isWellFormed;
+
+  bool operator==(const DecodedScalar&) const = default;
+};
+
+/// Reads the scalar that begins at byte `position`, which must be less than `text.size()`.
+[[nodiscard]] DecodedScalar decodeScalar(std::string_view text, std::size_t position) noexcept;
+
+/// The byte position at which the scalar that ends at byte `position` begins. `position` is 1 to `text.size()` and a
+/// boundary that reading forwards stops at; the answer is again such a boundary.
+[[nodiscard]] std::size_t previousScalarStart(std::string_view text, std::size_t position) noexcept;
+
+/// Appends the UTF-8 form of `scalar`; a surrogate or a number above U+10FFFF is written as U+FFFD.
+void appendScalar(std::string& text, char32_t scalar);
+
+/// True for text that holds no ill-formed sequence.
+[[nodiscard]] bool isWellFormedUTF8(std::string_view text) noexcept;
+
+/// True for text of ASCII bytes alone.
+[[nodiscard]] bool isASCII(std::string_view text) noexcept;
+
+/// The number of scalars, each maximal ill-formed subpart counted as one.
+[[nodiscard]] std::size_t scalarCount(std::string_view text) noexcept;
+
+/// The scalars of UTF-8 text.
+[[nodiscard]] std::u32string toScalars(std::string_view text);
+
+/// The UTF-16 units of UTF-8 text.
+[[nodiscard]] std::u16string toUTF16(std::string_view text);
+
+/// The UTF-8 form of scalars; a surrogate or a number above U+10FFFF is written as U+FFFD.
+[[nodiscard]] std::string toUTF8(std::u32string_view scalars);
+
+/// The UTF-8 form of UTF-16 units; a lone surrogate is written as U+FFFD.
+[[nodiscard]] std::string toUTF8(std::u16string_view units);
+
+/// The scalars of UTF-8 text without a copy: `for (char32_t scalar : ScalarView(text))`. The iterator's
+/// `position()` is the byte at which its scalar begins. The text must outlive the view.
+class ScalarView {
+ public:
+  class Iterator {
+   public:
+    using value_type = char32_t;
+    using difference_type = std::ptrdiff_t;
+    using iterator_category = std::forward_iterator_tag;
+
+    Iterator() = default;
+
+    char32_t operator*() const { return current_.scalar; }
+    Iterator& operator++() {
+      position_ += current_.byteCount;
+      read();
+      return *this;
+    }
+    Iterator operator++(int) {
+      Iterator before = *this;
+      ++*this;
+      return before;
+    }
+    bool operator==(const Iterator& other) const { return position_ == other.position_; }
+
+    /// The byte at which the scalar begins.
+    [[nodiscard]] std::size_t position() const { return position_; }
+
+   private:
+    friend class ScalarView;
+    Iterator(std::string_view text, std::size_t position) : text_(text), position_(position) { read(); }
+
+    void read() {
+      if (position_ < text_.size()) current_ = decodeScalar(text_, position_);
+    }
+
+    std::string_view text_;
+    std::size_t position_ = 0;
+    DecodedScalar current_{};
+  };
+
+  explicit ScalarView(std::string_view text) : text_(text) {}
+
+  [[nodiscard]] Iterator begin() const { return {text_, 0}; }
+  [[nodiscard]] Iterator end() const { return {text_, text_.size()}; }
+
+ private:
+  std::string_view text_;
+};
+
+}  // namespace tessary
