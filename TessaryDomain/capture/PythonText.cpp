@@ -1,11 +1,290 @@
 #include "TessaryDomain/capture/PythonText.h"
 
+#include <algorithm>
+#include <cstdint>
+#include <cstring>
+
+#include "TessaryDomain/capture/PythonPath.h"
+
+// How bytes are read here. A byte below 0x80 and the lead byte of a well-formed sequence always begin a scalar, also
+// behind ill-formed bytes: no ill-formed subpart swallows a byte that could begin something. So a scalar can be looked
+// for by its bytes, from the left or from the right, without decoding what lies between.
+
 namespace tessary::PythonText {
 
-bool isSpace(char32_t scalar) noexcept {
-  if (scalar <= 0x20) return (scalar >= 0x09 && scalar <= 0x0D) || scalar >= 0x1C;
-  return scalar == 0x85 || scalar == 0xA0 || scalar == 0x1680 || (scalar >= 0x2000 && scalar <= 0x200A) ||
-         scalar == 0x2028 || scalar == 0x2029 || scalar == 0x202F || scalar == 0x205F || scalar == 0x3000;
+namespace {
+
+constexpr unsigned char byteAt(std::string_view text, std::size_t position) {
+  return static_cast<unsigned char>(text[position]);
+}
+
+constexpr bool isLineEnd(char32_t scalar) {
+  return (scalar >= 0x0A && scalar <= 0x0D) || (scalar >= 0x1C && scalar <= 0x1E) || scalar == 0x85 ||
+         scalar == 0x2028 || scalar == 0x2029;
+}
+
+/// The bytes of the white-space scalar that begins at `position`; 0 if none does.
+std::size_t spaceByteCount(std::string_view text, std::size_t position) {
+  const unsigned char lead = byteAt(text, position);
+  if (lead < 0x80) return isSpace(lead) ? 1 : 0;
+  // U+0085 and U+00A0; U+1680; U+2000 to U+205F; U+3000.
+  if (lead != 0xC2 && lead != 0xE1 && lead != 0xE2 && lead != 0xE3) return 0;
+  const DecodedScalar decoded = decodeScalar(text, position);
+  return isSpace(decoded.scalar) ? decoded.byteCount : 0;
+}
+
+/// The bytes of the line end that begins at `position`, U+000D U+000A taken together; 0 if none does.
+std::size_t lineEndByteCount(std::string_view text, std::size_t position) {
+  const unsigned char lead = byteAt(text, position);
+  if (lead == '\r') return position + 1 < text.size() && text[position + 1] == '\n' ? 2 : 1;
+  if (lead < 0x80) return isLineEnd(lead) ? 1 : 0;
+  if (lead != 0xC2 && lead != 0xE2) return 0;
+  const DecodedScalar decoded = decodeScalar(text, position);
+  return isLineEnd(decoded.scalar) ? decoded.byteCount : 0;
+}
+
+/// True if one of the eight bytes could begin a line end: it is below 0x20, or it is 0xC2 or 0xE2.
+bool mayHoldLineEnd(std::uint64_t word) {
+  constexpr std::uint64_t ones = 0x0101010101010101;
+  constexpr std::uint64_t highBits = 0x8080808080808080;
+  const auto holdsBelow = [](std::uint64_t bytes, std::uint64_t bound) {
+    return (bytes - ones * bound) & ~bytes & highBits;
+  };
+  return (holdsBelow(word, 0x20) | holdsBelow(word ^ (ones * 0xC2), 1) | holdsBelow(word ^ (ones * 0xE2), 1)) != 0;
+}
+
+/// The first line end at or behind `position`, or the end of the text. Passes over eight bytes at a time where none of
+/// them can begin one.
+std::size_t findLineEnd(std::string_view text, std::size_t position) {
+  std::uint64_t word = 0;
+  while (position < text.size()) {
+    if (text.size() - position >= sizeof word) {
+      std::memcpy(&word, text.data() + position, sizeof word);
+      if (!mayHoldLineEnd(word)) {
+        position += sizeof word;
+        continue;
+      }
+    }
+    const std::size_t chunkEnd = std::min(position + sizeof word, text.size());
+    for (; position < chunkEnd; ++position) {
+      if (lineEndByteCount(text, position) != 0) return position;
+    }
+  }
+  return position;
+}
+
+std::string_view stripEnd(std::string_view text) noexcept {
+  while (!text.empty()) {
+    const std::size_t start = previousScalarStart(text, text.size());
+    if (spaceByteCount(text, start) == 0) break;
+    text.remove_suffix(text.size() - start);
+  }
+  return text;
+}
+
+struct Fold {
+  char32_t scalar;
+  std::string_view folded;
+};
+
+/// Every scalar outside ASCII whose full case fold holds an ASCII letter, in ascending order.
+constexpr std::array<Fold, 19> foldsIntoASCII = {{
+    {0x00DF, "ss"},       // sharp s
+    {0x0130, "i\u0307"},  // capital I with dot above
+    {0x0149, "\u02BCn"},  // small n preceded by apostrophe
+    {0x017F, "s"},        // long s
+    {0x01F0, "j\u030C"},  // small j with caron
+    {0x1E96, "h\u0331"},  // small h with line below
+    {0x1E97, "t\u0308"},  // small t with diaeresis
+    {0x1E98, "w\u030A"},  // small w with ring above
+    {0x1E99, "y\u030A"},  // small y with ring above
+    {0x1E9A, "a\u02BE"},  // small a with right half ring
+    {0x1E9E, "ss"},       // capital sharp s
+    {0x212A, "k"},        // Kelvin sign
+    {0xFB00, "ff"},       // ligatures
+    {0xFB01, "fi"},      {0xFB02, "fl"}, {0xFB03, "ffi"}, {0xFB04, "ffl"}, {0xFB05, "st"}, {0xFB06, "st"},
+}};
+static_assert(std::ranges::is_sorted(foldsIntoASCII, {}, &Fold::scalar));
+
+/// What `scalar` folds to if the table holds it, else `itself`.
+std::string_view foldOutsideASCII(char32_t scalar, std::string_view itself) {
+  const auto* const found = std::ranges::lower_bound(foldsIntoASCII, scalar, {}, &Fold::scalar);
+  return found != foldsIntoASCII.end() && found->scalar == scalar ? found->folded : itself;
+}
+
+}  // namespace
+
+std::string_view stripStart(std::string_view text) noexcept {
+  while (!text.empty()) {
+    const std::size_t byteCount = spaceByteCount(text, 0);
+    if (byteCount == 0) break;
+    text.remove_prefix(byteCount);
+  }
+  return text;
+}
+
+std::string_view strip(std::string_view text) noexcept {
+  return stripEnd(stripStart(text));
+}
+
+std::vector<std::string_view> split(std::string_view text) {
+  std::vector<std::string_view> pieces;
+  std::size_t position = 0;
+  while (position < text.size()) {
+    if (const std::size_t space = spaceByteCount(text, position); space != 0) {
+      position += space;
+      continue;
+    }
+    const std::size_t start = position;
+    while (position < text.size() && spaceByteCount(text, position) == 0)
+      ++position;
+    pieces.push_back(text.substr(start, position - start));
+  }
+  return pieces;
+}
+
+std::vector<std::string_view> splitlines(std::string_view text) {
+  std::vector<std::string_view> lines;
+  std::size_t position = 0;
+  while (position < text.size()) {
+    const std::size_t end = findLineEnd(text, position);
+    lines.push_back(text.substr(position, end - position));
+    position = end < text.size() ? end + lineEndByteCount(text, end) : end;
+  }
+  return lines;
+}
+
+std::vector<std::u32string_view> splitlines(std::u32string_view scalars) {
+  std::vector<std::u32string_view> lines;
+  std::size_t position = 0;
+  while (position < scalars.size()) {
+    std::size_t end = position;
+    while (end < scalars.size() && !isLineEnd(scalars[end]))
+      ++end;
+    lines.push_back(scalars.substr(position, end - position));
+    position = end + (scalars.substr(end).starts_with(U"\r\n") ? 2 : 1);
+  }
+  return lines;
+}
+
+std::vector<std::string_view> components(std::string_view text, char32_t separator) {
+  std::string separatorBytes;
+  appendScalar(separatorBytes, separator);
+  const bool isScalar = decodeScalar(separatorBytes, 0).scalar == separator;
+  std::vector<std::string_view> pieces;
+  std::size_t start = 0;
+  std::size_t end = isScalar ? text.find(separatorBytes) : std::string_view::npos;
+  while (end != std::string_view::npos) {
+    pieces.push_back(text.substr(start, end - start));
+    start = end + separatorBytes.size();
+    end = text.find(separatorBytes, start);
+  }
+  pieces.push_back(text.substr(start));
+  return pieces;
+}
+
+std::string casefold(std::string_view text) {
+  std::string folded;
+  folded.reserve(text.size());
+  std::size_t position = 0;
+  while (position < text.size()) {
+    const unsigned char byte = byteAt(text, position);
+    if (byte < 0x80) {
+      folded.push_back(static_cast<char>(byte >= 'A' && byte <= 'Z' ? byte | 0x20 : byte));
+      ++position;
+    } else {
+      const DecodedScalar decoded = decodeScalar(text, position);
+      folded += foldOutsideASCII(decoded.scalar, text.substr(position, decoded.byteCount));
+      position += decoded.byteCount;
+    }
+  }
+  return folded;
+}
+
+bool isNormalAbsolute(std::string_view text) noexcept {
+  if (text.empty() || text.front() != '/') return false;
+  // Each slash is looked at with what follows it: the component must not be "", "." or "..".
+  std::size_t slash = 0;
+  while (slash != std::string_view::npos) {
+    std::size_t position = slash + 1;
+    for (int dots = 0; dots < 2 && position < text.size() && text[position] == '.'; ++dots)
+      ++position;
+    if (position == text.size() || text[position] == '/') return false;
+    slash = text.find('/', position);
+  }
+  return true;
+}
+
+std::string_view normpath(std::string_view text, std::string& storage) {
+  // 1. Nothing is the folder that one stands in.
+  if (text.empty()) return ".";
+  // 2. OPTIMIZATION: the common path is clean and absolute, and comes back as it is.
+  if (isNormalAbsolute(text)) return text;
+  // 3. The root is kept apart: nothing can be taken from it.
+  const auto [root, rest] = PythonPath::splitRoot(text);
+  // 4. `storage` holds the output list joined with "/"; up to `fixed` it is what ".." cannot take back: the root, or
+  // the run of ".." that a relative path may begin with.
+  storage.assign(root);
+  std::size_t fixed = root.size();
+  for (std::size_t start = 0; start <= rest.size();) {
+    const std::size_t end = std::min(rest.find('/', start), rest.size());
+    const std::string_view piece = rest.substr(start, end - start);
+    start = end + 1;
+    if (piece.empty() || piece == ".") continue;
+    const bool isParent = piece == "..";
+    if (isParent && storage.size() > fixed) {
+      const std::size_t slash = storage.rfind('/');
+      storage.resize(slash != std::string::npos && slash > fixed ? slash : fixed);
+      continue;
+    }
+    if (isParent && !root.empty()) continue;
+    if (storage.size() > root.size()) storage += '/';
+    storage += piece;
+    if (isParent) fixed = storage.size();
+  }
+  // 5. What came to nothing is again the folder that one stands in.
+  return storage.empty() ? std::string_view(".") : std::string_view(storage);
+}
+
+std::string normpath(std::string_view text) {
+  std::string storage;
+  const std::string_view normal = normpath(text, storage);
+  if (normal.data() == storage.data()) return storage;
+  return std::string(normal);
+}
+
+bool hasPrefix(std::string_view text, std::string_view prefix) noexcept {
+  return text.starts_with(prefix);
+}
+
+bool hasSuffix(std::string_view text, std::string_view suffix) noexcept {
+  return text.ends_with(suffix);
+}
+
+bool equal(std::string_view a, std::string_view b) noexcept {
+  return a == b;
+}
+
+bool contains(std::string_view text, std::string_view needle) noexcept {
+  // Not `find`, which is quadratic on a long needle that nearly matches everywhere.
+  return needle.empty() || memmem(text.data(), text.size(), needle.data(), needle.size()) != nullptr;
+}
+
+bool contains(std::u32string_view scalars, std::u32string_view needle) noexcept {
+  return scalars.find(needle) != std::u32string_view::npos;
+}
+
+std::string_view prefix(std::string_view text, std::size_t count) noexcept {
+  // No scalar has less than a byte.
+  if (count >= text.size()) return text;
+  std::size_t position = 0;
+  for (; count > 0 && position < text.size(); --count)
+    position += byteAt(text, position) < 0x80 ? std::size_t{1} : decodeScalar(text, position).byteCount;
+  return text.substr(0, position);
+}
+
+std::string string(std::u32string_view scalars) {
+  return toUTF8(scalars);
 }
 
 }  // namespace tessary::PythonText
