@@ -116,6 +116,14 @@ bool isWellFormedUTF8(std::string_view text) noexcept {
   return true;
 }
 
+std::string repairedUTF8(std::string_view text) {
+  std::string repaired;
+  repaired.reserve(text.size());
+  for (const char32_t scalar : ScalarView(text))
+    appendScalar(repaired, scalar);
+  return repaired;
+}
+
 bool isASCII(std::string_view text) noexcept {
   for (std::size_t position = skipASCIIWords(text, 0); position < text.size(); ++position) {
     if (static_cast<unsigned char>(text[position]) >= 0x80) return false;

@@ -42,6 +42,9 @@ void appendScalar(std::string& text, char32_t scalar);
 /// True for text that holds no ill-formed sequence.
 [[nodiscard]] bool isWellFormedUTF8(std::string_view text) noexcept;
 
+/// The text with U+FFFD in the place of every maximal ill-formed subpart.
+[[nodiscard]] std::string repairedUTF8(std::string_view text);
+
 /// True for text of ASCII bytes alone.
 [[nodiscard]] bool isASCII(std::string_view text) noexcept;
 
