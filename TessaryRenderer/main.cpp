@@ -1,3 +1,5 @@
-int main() {
-  return 1;
+#include "TessaryRenderer/RendererMain.h"
+
+int main(int argumentCount, char** arguments) {
+  tessary::RendererMain::main(argumentCount, arguments);
 }
