@@ -1,0 +1,71 @@
+/**
+ * esbuild, set up for the three kinds of script that renderer.js is made of.
+ */
+
+import { join } from 'node:path';
+import * as esbuild from 'esbuild';
+
+const COMMON = {
+  bundle: true,
+  minify: true,
+  write: false,
+  metafile: true,
+  charset: 'ascii',
+  legalComments: 'none',
+  platform: 'neutral',
+  mainFields: ['module', 'main'],
+  conditions: ['import'],
+  target: 'es2022',
+};
+
+const SHIMS = {
+  'linkify-it': 'src/shims/noLinkify.js',
+  'punycode.js': 'src/shims/noPunycode.js',
+  'uc.micro': 'src/shims/unicodeClasses.js',
+};
+
+// Only what the Markdown parser asks for is put off; the part that is the table itself holds it.
+const lazyEntities = (root) => ({
+  name: 'lazy-entities',
+  setup: (build) =>
+    build.onResolve({ filter: /^entities$/ }, ({ importer }) =>
+      importer.includes('/markdown-it/') ? { path: join(root, 'src/shims/lazyEntities.js') } : undefined,
+    ),
+});
+
+function substitutes(root) {
+  const alias = Object.fromEntries(Object.entries(SHIMS).map(([name, path]) => [name, join(root, path)]));
+  // The package's entry draws in its parser, its tree and more; the tokenizer stands alone.
+  alias.htmlparser2 = join(root, 'src/shims/tokenizerOnly.js');
+  return { alias, plugins: [lazyEntities(root)] };
+}
+
+async function script(root, options, inputs) {
+  const result = await esbuild.build({ ...COMMON, absWorkingDir: root, ...options });
+  for (const input of Object.keys(result.metafile.inputs)) inputs.add(input);
+  return result.outputFiles[0].text.trim();
+}
+
+export const bundle = {
+  /** The program that is parsed at once: flat, since an engine parses a function around it twice. */
+  program: (root, entry, inputs) => script(root, { entryPoints: [entry], format: 'esm' }, inputs),
+
+  /** A part: a function body that takes `loadPart` and returns the exports of its module. */
+  async part(root, entry, inputs) {
+    const options = { entryPoints: [entry], format: 'iife', globalName: 'part', ...substitutes(root) };
+    return `${await script(root, options, inputs)}return part`;
+  },
+
+  /** A grammar of the highlighter, as a part. */
+  async grammar(root, name, inputs) {
+    const contents = `export { default } from 'highlight.js/lib/languages/${name}';`;
+    const stdin = { contents, resolveDir: root, sourcefile: `${name}.js` };
+    return `${await script(root, { stdin, format: 'iife', globalName: 'part' }, inputs)}return part`;
+  },
+};
+
+export async function minifyStyle(style) {
+  const { code } = await esbuild.transform(style, { loader: 'css', minify: true, charset: 'ascii', legalComments: 'none' });
+  return code.trim();
+}
+

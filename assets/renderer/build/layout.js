@@ -1,0 +1,34 @@
+/**
+ * How renderer.js lies in its file: parts as a comment, their index, then the program. All of it is ASCII, since one
+ * other character makes the engine hold the whole source in 16-bit units.
+ */
+
+/** The script with every character beyond ASCII as an escape, also in regular expressions, which bundlers leave. */
+export function toASCII(script) {
+  return script.replace(/[^\0-\x7f]/g, (unit) => `\\u${unit.charCodeAt(0).toString(16).padStart(4, '0')}`);
+}
+
+// Regular expressions end in the two characters that end a comment, so a mark is put between them; src/parts.js takes
+// it out again.
+const MARK = '\x01';
+
+function insideComment(name, text) {
+  if (text.includes(MARK)) throw new Error(`${name} holds the mark that hides ends of comments`);
+  return text.replaceAll('*/', `*${MARK}/`);
+}
+
+/**
+ * @param {string} program
+ * @param {Map<string, string>} parts
+ */
+export function layOut(program, parts) {
+  const opening = 'function tessaryColdParts(){/*';
+  let cold = opening;
+  let index = '';
+  for (const [name, text] of parts) {
+    const start = cold.length;
+    cold += insideComment(name, toASCII(text));
+    index += `|${name}:${start}:${cold.length}`;
+  }
+  return `${cold}*/}\nvar tessaryColdIndex=${JSON.stringify(`${index}|`)};\n${toASCII(program)}\n`;
+}

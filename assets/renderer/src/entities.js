@@ -1,0 +1,2 @@
+/** Part "entities": named character references. */
+export { decodeHTML, decodeHTMLStrict } from 'entities';
