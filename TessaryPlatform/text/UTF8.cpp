@@ -61,7 +61,7 @@ std::size_t skipASCIIWords(std::string_view text, std::size_t position) {
 
 }  // namespace
 
-DecodedScalar decodeScalar(std::string_view text, std::size_t position) noexcept {
+DecodedScalar decodeRareScalar(std::string_view text, std::size_t position) noexcept {
   const auto byteAt = [&](std::size_t index) { return static_cast<unsigned char>(text[index]); };
   const unsigned char first = byteAt(position);
   if (first < 0x80) return {first, 1, true};
@@ -79,6 +79,8 @@ DecodedScalar decodeScalar(std::string_view text, std::size_t position) noexcept
 }
 
 std::size_t previousScalarStart(std::string_view text, std::size_t position) noexcept {
+  // OPTIMIZATION: an ASCII byte is a scalar of its own, whatever stands before it.
+  if (static_cast<unsigned char>(text[position - 1]) < 0x80) return position - 1;
   // A sequence has at most four bytes, so one of the last four positions begins the scalar: the earliest from which
   // reading forwards ends exactly here. Where none does, the last byte stands alone.
   const std::size_t earliest = position > 4 ? position - 4 : 0;

@@ -29,8 +29,27 @@ struct DecodedScalar {
   bool operator==(const DecodedScalar&) const = default;
 };
 
+/// `decodeScalar` for all but the well-formed sequences that it reads itself.
+[[nodiscard]] DecodedScalar decodeRareScalar(std::string_view text, std::size_t position) noexcept;
+
 /// Reads the scalar that begins at byte `position`, which must be less than `text.size()`.
-[[nodiscard]] DecodedScalar decodeScalar(std::string_view text, std::size_t position) noexcept;
+[[nodiscard]] inline DecodedScalar decodeScalar(std::string_view text, std::size_t position) noexcept {
+  // OPTIMIZATION: one, two and three well-formed bytes, which is nearly all text, are read in place.
+  const auto byteAt = [&](std::size_t index) { return static_cast<unsigned char>(text[index]); };
+  const auto isContinuationAt = [&](std::size_t index) { return (byteAt(index) & 0xC0) == 0x80; };
+  const char32_t first = byteAt(position);
+  if (first < 0x80) return {first, 1, true};
+  const std::size_t available = text.size() - position;
+  if (first >= 0xC2 && first < 0xE0 && available >= 2 && isContinuationAt(position + 1))
+    return {((first & 0x1F) << 6) | (byteAt(position + 1) & 0x3FU), 2, true};
+  if (first >= 0xE0 && first < 0xF0 && available >= 3 && isContinuationAt(position + 1) &&
+      isContinuationAt(position + 2)) {
+    const char32_t scalar =
+        ((first & 0x0F) << 12) | ((byteAt(position + 1) & 0x3FU) << 6) | (byteAt(position + 2) & 0x3FU);
+    if (scalar >= 0x800 && (scalar & 0xF800) != 0xD800) return {scalar, 3, true};
+  }
+  return decodeRareScalar(text, position);
+}
 
 /// The byte position at which the scalar that ends at byte `position` begins. `position` is 1 to `text.size()` and a
 /// boundary that reading forwards stops at; the answer is again such a boundary.
