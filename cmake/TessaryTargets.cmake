@@ -35,9 +35,10 @@ function(tessary_module name)
   set_target_properties(${target} PROPERTIES EXPORT_NAME ${name})
 endfunction()
 
-# tessary_test(<Name> SOURCES ... LINK ...): one GoogleTest executable; every test of it is a test of CTest.
+# tessary_test(<Name> SOURCES ... LINK ... [LABEL long]): one GoogleTest executable; every test of it is a test of CTest.
+# The label "long" marks tests that take seconds in a development build, so that a quick run can leave them out.
 function(tessary_test name)
-  cmake_parse_arguments(PARSE_ARGV 1 arg "" "" "SOURCES;LINK;DEPENDS;DEFINITIONS")
+  cmake_parse_arguments(PARSE_ARGV 1 arg "" "LABEL" "SOURCES;LINK;DEPENDS;DEFINITIONS")
   add_executable(${name} ${arg_SOURCES})
   target_link_libraries(${name} PRIVATE
     tessary_build_options tessary_test_support ${arg_LINK} GTest::gmock GTest::gtest GTest::gtest_main rapidcheck)
@@ -47,7 +48,7 @@ function(tessary_test name)
     add_dependencies(${name} ${arg_DEPENDS})
   endif()
   include(GoogleTest)
-  gtest_discover_tests(${name} DISCOVERY_MODE PRE_TEST DISCOVERY_TIMEOUT 60 PROPERTIES TIMEOUT 600)
+  gtest_discover_tests(${name} DISCOVERY_MODE PRE_TEST DISCOVERY_TIMEOUT 60 PROPERTIES TIMEOUT 600 LABELS "${arg_LABEL}")
 endfunction()
 
 # tessary_fuzz_target(<Name> LINK ...): <Name>.cpp in the current folder defines LLVMFuzzerTestOneInput; its corpus is
