@@ -50,6 +50,8 @@ class ResultConversion {
   JSContextRef context_;
   HeldValue keys_;
   HeldValue isArray_;
+  /// `Object.prototype`.
+  HeldValue plainPrototype_;
   /// The prototypes of objects whose content is not in their members.
   std::vector<HeldValue> opaquePrototypes_;
 };

@@ -66,6 +66,11 @@ class ScriptContext {
   bool hasException_ = false;
 };
 
+/// The same value as an object; it must be one. In the C interface both are the same pointer.
+inline JSObjectRef asObject(JSValueRef value) {
+  return const_cast<JSObjectRef>(value);
+}
+
 /// A text in the engine's form, released with its block. The units are taken as they are, lone surrogates too.
 class EngineText {
  public:
