@@ -29,24 +29,14 @@ constexpr std::array options{
     Option{"JSC_thresholdForOptimizeAfterLongWarmUp", "4000"},
 };
 
-bool isLocaleOrTimeZone(std::string_view name) {
-  return name == "TZ" || name == "LANG" || name == "LANGUAGE" || name.starts_with("LC_");
-}
-
 }  // namespace
 
 void replaceEnvironment() {
-  std::vector<std::pair<std::string, std::string>> kept;
-  for (char** entry = environ; entry != nullptr && *entry != nullptr; ++entry) {
-    const std::string_view assignment(*entry);
-    const std::size_t sign = assignment.find('=');
-    if (sign == std::string_view::npos || !isLocaleOrTimeZone(assignment.substr(0, sign))) continue;
-    kept.emplace_back(assignment.substr(0, sign), assignment.substr(sign + 1));
-  }
-  // A result of setenv is out of memory alone, and then the engine runs with its defaults.
+  const char* const zone = std::getenv("TZ");
+  const std::string kept = zone != nullptr ? zone : "";
+  // These fail out of memory alone, and then the engine runs with its defaults.
   (void)::clearenv();
-  for (const auto& [name, value] : kept)
-    (void)::setenv(name.c_str(), value.c_str(), 0);  // The first of two assignments counts, as it does for getenv.
+  if (zone != nullptr) (void)::setenv("TZ", kept.c_str(), 1);
   for (const Option& option : options)
     (void)::setenv(option.name, option.value, 1);
 }

@@ -7,6 +7,7 @@
 #include <cstdlib>
 #include <fcntl.h>
 #include <fstream>
+#include <ostream>
 #include <poll.h>
 #include <stdexcept>
 #include <sys/wait.h>
@@ -60,10 +61,16 @@ void drain(int& descriptor, std::string& into) {
   }
 }
 
-void exchange(const ProcessStart& start, int input, int output, int errors, ProcessEnd& end) {
+void exchange(const ProcessStart& start, pid_t child, int input, int output, int errors, ProcessEnd& end) {
   std::string_view rest = start.input;
+  int heldOpen = start.withholdsEnd ? ::dup(input) : -1;
   if (rest.empty()) closeOnce(input);
+  bool isTold = !start.meanwhile;
   while (output >= 0 || errors >= 0) {
+    if (!isTold && input < 0) {
+      isTold = true;
+      start.meanwhile(child);
+    }
     std::array<pollfd, 3> waited{{{input, POLLOUT, 0}, {output, POLLIN, 0}, {errors, POLLIN, 0}}};
     if (::poll(waited.data(), waited.size(), -1) < 0) continue;
     if (input >= 0 && waited[0].revents != 0) {
@@ -77,6 +84,7 @@ void exchange(const ProcessStart& start, int input, int output, int errors, Proc
     if (errors >= 0 && waited[2].revents != 0) drain(errors, end.errors);
   }
   closeOnce(input);
+  closeOnce(heldOpen);
 }
 
 }  // namespace
@@ -125,7 +133,7 @@ ProcessEnd runProcess(const ProcessStart& start) {
 
   const auto before = std::signal(SIGPIPE, SIG_IGN);
   ProcessEnd end;
-  exchange(start, input.writeEnd, output.readEnd, errors.readEnd, end);
+  exchange(start, child, input.writeEnd, output.readEnd, errors.readEnd, end);
   std::signal(SIGPIPE, before);
 
   int state = 0;
@@ -136,12 +144,18 @@ ProcessEnd runProcess(const ProcessStart& start) {
   return end;
 }
 
+void PrintTo(const ProcessEnd& end, std::ostream* stream) {
+  *stream << "status " << end.status << ", signal " << end.signal << ", " << end.output.size()
+          << " bytes: " << end.output.substr(0, 300) << ", errors: " << end.errors.substr(0, 300);
+}
+
 ProcessStart rendererStart(const std::filesystem::path& assets, std::string input) {
   return {.program = TESSARY_RENDERER,
           .arguments = {"--assets", assets.string()},
           .input = std::move(input),
           .environment = {},
-          .beforeStart = {}};
+          .beforeStart = {},
+          .meanwhile = {}};
 }
 
 ProcessEnd runScript(std::string_view script, std::string input) {

@@ -3,6 +3,7 @@
 #include <cstddef>
 #include <filesystem>
 #include <functional>
+#include <iosfwd>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -37,6 +38,9 @@ struct ProcessEnd {
   bool operator==(const ProcessEnd&) const = default;
 };
 
+/// How a failing test shows it.
+void PrintTo(const ProcessEnd& end, std::ostream* stream);
+
 /// One run of a child process: everything that a parent can choose.
 struct ProcessStart {
   std::string program;
@@ -48,6 +52,10 @@ struct ProcessStart {
   std::vector<std::string> environment;
   /// Runs in the child directly before the program; only what is safe after fork.
   std::function<void()> beforeStart;
+  /// Runs in the parent, with the child's process number, once the child has taken its whole input.
+  std::function<void(int child)> meanwhile;
+  /// Leaves standard input open, without an end, until the child is gone.
+  bool withholdsEnd = false;
 };
 
 /// Runs the child to its end. Its output is read while its input is written, so that neither side waits for the other.
