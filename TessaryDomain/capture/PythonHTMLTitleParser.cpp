@@ -191,11 +191,11 @@ std::size_t BasicParser<Unit>::textEnd(std::size_t from, bool end) const {
 /// True if a "&" stands near the end of the input with nothing behind it that ends a reference.
 template <typename Unit>
 bool BasicParser<Unit>::mayEndInCutReference(std::size_t from) const {
-  const std::size_t tail = std::max(from, lastScalars(source_, cutReferenceScalars));
-  const std::size_t ampersand = source_.rfind(Unit{'&'});
-  if (ampersand == View::npos || ampersand < tail) return false;
-  const View behindIt = source_.substr(ampersand);
-  return std::ranges::none_of(behindIt, [](Unit unit) { return unit == Unit{';'} || (classOf(unit) & white) != 0; });
+  const View tail = source_.substr(std::max(from, lastScalars(source_, cutReferenceScalars)));
+  const std::size_t ampersand = tail.rfind(Unit{'&'});
+  if (ampersand == View::npos) return false;
+  const View name = tail.substr(ampersand);
+  return std::ranges::none_of(name, [](Unit unit) { return unit == Unit{';'} || (classOf(unit) & white) != 0; });
 }
 
 /// The first "</" at or behind `from` that is followed by the name of the raw element and the end of a name.
@@ -268,7 +268,7 @@ std::size_t BasicParser<Unit>::comment(std::size_t at) const {
   // The first ">" that ends a "-->" or "--!>" which lies wholly behind the "<!--".
   for (std::size_t position = behind(Unit{'>'}, content); position != unfinished;
        position = behind(Unit{'>'}, position)) {
-    if (position >= content + 3 && standsAt(position - 3, "-->")) return position;
+    if (standsAt(position - 3, "-->")) return position;  // where it overlaps the start, it was found above
     if (position >= content + 4 && standsAt(position - 4, "--!>")) return position;
   }
   return unfinished;
@@ -279,10 +279,10 @@ template <typename Unit>
 std::size_t BasicParser<Unit>::declaration(std::size_t at) const {
   constexpr std::string_view sectionStart = "<![CDATA[";
   if (!standsAt(at, sectionStart)) return behind(Unit{'>'}, at + 2);
-  const std::size_t content = at + sectionStart.size();
+  const std::size_t content = at + sectionStart.size();  // no "]" before it that could belong to the end
   for (std::size_t position = behind(Unit{'>'}, content); position != unfinished;
        position = behind(Unit{'>'}, position)) {
-    if (position >= content + 3 && standsAt(position - 3, "]]>")) return position;
+    if (standsAt(position - 3, "]]>")) return position;
   }
   return unfinished;
 }

@@ -33,8 +33,9 @@ struct Reference {
 
 constexpr char32_t greatestScalar = 0x10FFFF;
 
-/// What the numbers 0x80 to 0x9F mean: the characters of Windows-1252, where it has one.
-constexpr std::array<char32_t, 32> windows1252 = {
+/// What the numbers 0x80 to 0x9F stand for in a reference: the characters of Windows-1252, or the control characters
+/// themselves where it has none. With 0, and 0x0D which stands for itself, they are CPython's 34 exceptions.
+constexpr std::array<char32_t, 32> invalidCharacterReferences = {
     0x20AC, 0x0081, 0x201A, 0x0192, 0x201E, 0x2026, 0x2020, 0x2021,  // 0x80
     0x02C6, 0x2030, 0x0160, 0x2039, 0x0152, 0x008D, 0x017D, 0x008F,  // 0x88
     0x0090, 0x2018, 0x2019, 0x201C, 0x201D, 0x2022, 0x2013, 0x2014,  // 0x90
@@ -75,8 +76,7 @@ constexpr std::uint32_t digitValue(char32_t scalar, std::uint32_t base) {
 
 Reference numericReference(char32_t value, std::size_t length) {
   if (value == 0) return {length, {replacementCharacter}, 1};
-  if (value == 0x0D) return {length, {0x0D}, 1};
-  if (value >= 0x80 && value <= 0x9F) return {length, {windows1252[value - 0x80]}, 1};
+  if (value >= 0x80 && value <= 0x9F) return {length, {invalidCharacterReferences[value - 0x80]}, 1};
   if (isSurrogate(value) || value > greatestScalar) return {length, {replacementCharacter}, 1};
   if (isDropped(value)) return {length, {}, 0};
   return {length, {value}, 1};
@@ -130,7 +130,7 @@ Reference readNamedReference(std::basic_string_view<Unit> text, std::size_t at, 
 
 /// The reference at the "&" at `at`.
 template <typename Unit>
-Reference readReference(std::basic_string_view<Unit> text, std::size_t at, Place place) {
+Reference characterReference(std::basic_string_view<Unit> text, std::size_t at, Place place) {
   if (at + 1 < text.size() && scalarOf(text[at + 1]) == U'#') return readNumericReference(text, at);
   return readNamedReference(text, at, place);
 }
@@ -149,7 +149,7 @@ std::basic_string<Unit> decodeReferences(std::basic_string_view<Unit> text, Plac
   std::size_t copied = 0;
   std::size_t at = text.find(Unit{'&'});
   while (at != text.npos) {
-    const Reference reference = readReference(text, at, place);
+    const Reference reference = characterReference(text, at, place);
     if (reference.length > 0) {
       decoded.append(text, copied, at - copied);
       for (std::size_t index = 0; index < reference.scalarCount; ++index)
