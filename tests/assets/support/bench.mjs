@@ -3,8 +3,9 @@
 //
 // Markup enters a frame in one of three ways, since each has tricks of its own: as the page that the browser reads
 // ("served"), by document.write ("written"), or as innerHTML that is read out and set once more ("inserted"), which is
-// what a host with its own view does and where markup that changes at its second reading shows itself. Then the frame
-// is exercised: everything in it is pressed, focused, and sent each event that it has a handler for.
+// what a host with its own view does and where markup that changes at its second reading shows itself. Markup that is
+// held to do nothing may enter one frame in all three ways ("every way"). Then the frame is exercised: everything in it
+// is pressed, focused, and sent each event that it has a handler for.
 //
 // What counts: a call of `fired` or of a dialogue, a request, a frame inside, a navigation, a new window, and a global
 // named `shadowed`. Pressing a link to an ordinary address is what a reader may do, so that navigation is held back.
@@ -43,17 +44,21 @@ const watch = `(() => {
 
 const scriptText = (value) => JSON.stringify(value).replaceAll('<', '\\u003c');
 
+const writes = (markup) => `<script>document.write(${scriptText(markup)})</script>`;
+const inserts = (markup) => `<div id="place"></div><script>{const place = document.getElementById('place');
+  place.innerHTML = ${scriptText(markup)}; place.innerHTML = place.innerHTML;}</script>`;
+
+const bodies = {
+  'served': (markup) => markup,
+  'written': writes,
+  'inserted': inserts,
+  'every way': (markup) => markup + writes(markup) + inserts(markup),
+};
+
 /** The document that brings `markup` into a frame in the way `entry`. */
 function frameDocument({ markup, styleSheet = '', entry }) {
-  const head = `<!DOCTYPE html><html><head><meta charset="utf-8"><title>case</title><style>${styleSheet}</style></head>`;
-  switch (entry) {
-    case 'served': return `${head}<body>${markup}`;
-    case 'written': return `${head}<body><script>document.write(${scriptText(markup)})</script>`;
-    case 'inserted':
-      return `${head}<body><div></div><script>{const place = document.querySelector('div');
-        place.innerHTML = ${scriptText(markup)}; place.innerHTML = place.innerHTML;}</script>`;
-    default: throw new Error(`no way in is named ${entry}`);
-  }
+  return `<!DOCTYPE html><html><head><meta charset="utf-8"><title>case</title><style>${styleSheet}</style></head><body>` +
+    bodies[entry](markup);
 }
 
 /** Loads a frame for each case and exercises all of them. Runs in the bench's own page. */

@@ -46,17 +46,21 @@ const none = new Set();
 
 const mathElements = words(`
   math mrow mi mn mo ms mspace mtext mfrac msqrt mroot mstyle merror mpadded mphantom msub msup msubsup munder mover
-  munderover mmultiscripts mprescripts mtable mtr mtd menclose semantics`);
+  munderover mmultiscripts mprescripts none mtable mtr mtd menclose semantics`);
 const mathAttributes = words(`
   class style display displaystyle scriptlevel mathvariant mathcolor mathbackground mathsize stretchy fence separator
   form symmetric largeop movablelimits minsize maxsize lspace rspace accent accentunder linethickness width height depth
   voffset columnalign rowalign columnspacing rowspacing columnlines rowlines columnspan rowspan frame framespacing notation
-  side rowsep intent arg dir id equalrows equalcolumns align alttext bevelled data-mjx-texclass`);
+  side rowsep intent arg dir id equalrows equalcolumns align alttext bevelled linebreak`);
 
-const classNames = /^(?:tessary(?:-[a-z]+)?|tsr-[a-z0-9-]+|language-[^\s]+)$/;
-const mathClassNames = /^(?:tml-[a-z0-9-]+|tsr-[a-z0-9-]+|temml[a-z-]*|mathcal|mathscr|special-fraction|smaller?[a-z-]*)$/;
+const classNames = /^(?:tessary(?:-[a-z]+)?|tsr-[a-z0-9-]+|language-[^ \t\n\f\r]+)$/;
+// The names that the formula library itself gives; a document has no say in them.
+const mathClassNames = new RegExp('^(?:tml-[a-z0-9-]+|(?:wbk|chr)-[a-z0-9-]+|(?:up|down|x|sout|b|f)?(?:strike|cancel)|' +
+  'mathcal|mathscr|mathfrak|mord|phasor-(?:bottom|angle)|longdiv-(?:top|arc)|ff-squash|ff-narrow|circle-pad|actuarial|' +
+  'special-fraction|box|roundedbox|circle|cancel|prime-pad)$');
 const mathStyle = /^(?:\s*[a-z-]+\s*:\s*[\w#%. ,+-]+;?)*\s*$/;
-const identifiers = /^(?:doc-|tsr-)[^\s]+$/;
+// Blanks in the sense of HTML; other blanks are characters like any other there.
+const identifiers = /^(?:doc-|tsr-)[^ \t\n\f\r]+$/;
 const rasterImage = /^data:image\/(?:png|jpeg|jpg|gif|webp|avif|bmp);base64,[A-Za-z0-9+/]+={0,2}$/i;
 const controls = /[\0-\x08\x0b-\x1f\x7f]/;
 
@@ -74,7 +78,7 @@ const valueRules = {
   src: (value, options) => isAllowedImage(value, options.allowsRemoteImages),
   id: (value) => identifiers.test(value),
   name: (value) => identifiers.test(value),
-  class: (value) => value.split(/\s+/).every((name) => classNames.test(name)),
+  class: (value) => value.split(/[ \t\n\f\r]+/).every((name) => classNames.test(name)),
   rel: (value) => value.split(' ').includes('noopener') && value.split(' ').includes('noreferrer'),
 };
 
@@ -95,6 +99,10 @@ function judgeHTMLElement(node, options, violations) {
   if (node.tagName === 'input' && !has('disabled')) violations.push('input that is not disabled');
 }
 
+const isEquationNumber = (node) => node.tagName === 'span' && node.childNodes.length === 0 && node.attrs.length === 1 &&
+  node.attrs[0].name === 'class' && node.attrs[0].value === 'tml-eqn';
+const isTextOrEquationNumber = (node) => node.nodeName === '#text' || isEquationNumber(node);
+
 function judgeMathElement(node, violations) {
   if (!mathElements.has(node.tagName)) violations.push(`math element ${node.tagName}`);
   for (const { name, value, prefix } of node.attrs) {
@@ -104,8 +112,9 @@ function judgeMathElement(node, violations) {
       violations.push(`math ${node.tagName} has class="${value}"`);
     } else if (name === 'id' && !identifiers.test(value)) violations.push(`math ${node.tagName} has id="${value}"`);
   }
-  // Text elements of formulas are doors back to HTML; only text may stand behind them.
-  if (/^m(?:i|n|o|s|text)$/.test(node.tagName) && node.childNodes.some((child) => child.nodeName !== '#text')) {
+  // Text elements of formulas are doors back to HTML; only text may stand behind them, and the empty element that a
+  // style sheet fills with an equation's number.
+  if (/^m(?:i|n|o|s|text)$/.test(node.tagName) && !node.childNodes.every(isTextOrEquationNumber)) {
     violations.push(`math ${node.tagName} holds more than text`);
   }
 }
@@ -122,7 +131,7 @@ function judgeTree(root, isDocument, options, violations) {
       const isMadeByParser = isDocument && ofTheDocument.has(node.tagName);
       if (isMadeByParser && node.attrs.length > 0) violations.push(`${node.tagName} with attributes`);
       else if (!isMadeByParser && !elements.has(node.tagName)) violations.push(`element ${node.tagName}`);
-      else if (!isMadeByParser) judgeHTMLElement(node, options, violations);
+      else if (!isMadeByParser && !isEquationNumber(node)) judgeHTMLElement(node, options, violations);
     }
     for (const child of node.childNodes ?? []) left.push(child);
   }
