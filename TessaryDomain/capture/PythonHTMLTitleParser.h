@@ -15,7 +15,7 @@
 /// `html.parser.HTMLParser` with `convert_charrefs` on. It builds no tree. Comments, declarations, processing
 /// instructions and marked sections are passed over; nothing fails.
 ///
-/// It differs from CPython where that is kinder to a reader of damaged pages, or where CPython has no answer:
+/// It departs from CPython on purpose in three points:
 /// - "<!-->" and "<!--->" are whole comments, also where a "-->" follows later.
 /// - A quoted value that is never closed runs to the end of the input. (CPython looks for other ways to read the tag.)
 ///   If the input's last unit happens to be ">", a start tag with such a value is text, and an end tag an end tag.
