@@ -25,6 +25,8 @@ constexpr bool isPlain(char16_t unit) {
 
 /// The length of the run of plain units that `units` begins with.
 std::size_t plainRun(std::u16string_view units) {
+  // Text of other scripts has no such runs, and is not to pay for a look at each of its blocks.
+  if (units.empty() || !isPlain(units.front())) return 0;
   // OPTIMIZATION: whole blocks first, which the compiler turns into vector comparisons.
   constexpr std::size_t block = 16;
   std::size_t length = 0;

@@ -243,11 +243,14 @@ TEST(Result, PassesUpToItsLimit) {
 }
 
 TEST(Result, IsMeasuredInBytesOfItsSerialisedForm) {
-  // A euro sign is three bytes, a line feed two.
-  const std::string body = "return {a: '\\u20ac'.repeat((6291456 - 8) / 3)%s};";
-  const auto with = [&](const std::string& more) { return std::string(body).replace(body.find("%s"), 2, more); };
-  EXPECT_EQ(runRender(with(" + 'x'")).status, 0);
-  EXPECT_EQ(runRender(with(" + '\\n'")), failedWith(resultTooLarge));
+  // {"a":"..."} has eight bytes beside the text; a euro sign is three bytes, a line feed two.
+  const auto body = [](std::size_t plain, const char* more) {
+    return "return {a: 'x'.repeat(" + std::to_string(plain) + ") + " + more + "};";
+  };
+  EXPECT_EQ(runRender(body(resultLimit - 8 - 3000, "'\u20ac'.repeat(1000)")).status, 0);
+  EXPECT_EQ(runRender(body(resultLimit - 8 - 2999, "'\u20ac'.repeat(1000)")), failedWith(resultTooLarge));
+  EXPECT_EQ(runRender(body(resultLimit - 8 - 2, "'\\n'")).status, 0);
+  EXPECT_EQ(runRender(body(resultLimit - 8 - 1, "'\\n'")), failedWith(resultTooLarge));
 }
 
 }  // namespace
