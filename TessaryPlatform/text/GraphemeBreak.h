@@ -166,4 +166,27 @@ constexpr GraphemeBreakStep graphemeBreakStep(GraphemeBreakState state, Grapheme
   return graphemeBreakRules::table[static_cast<std::size_t>(state)][static_cast<std::size_t>(next)];
 }
 
+/// True for a class that is plain: of two plain scalars in a row each is a character's beginning, and what the first
+/// was need not be remembered. Nearly all text is plain, and the look at the state that the table needs is what costs.
+constexpr bool isPlain(GraphemeBreakClass value) {
+  using enum GraphemeBreakClass;
+  constexpr auto bit = [](GraphemeBreakClass member) { return 1U << static_cast<unsigned>(member); };
+  constexpr unsigned plain = bit(other) | bit(control) | bit(lineFeed) | bit(hangulLV) | bit(hangulLVT) |
+                             bit(pictographic) | bit(linkingConsonant);
+  return (plain >> static_cast<unsigned>(value) & 1U) != 0;
+}
+
+static_assert([] {
+  for (std::size_t last = 0; last < graphemeBreakClassCount; ++last) {
+    for (std::size_t next = 0; next < graphemeBreakClassCount; ++next) {
+      const GraphemeBreakStep step =
+          graphemeBreakStep(static_cast<GraphemeBreakState>(last), static_cast<GraphemeBreakClass>(next));
+      const bool isPlainPair =
+          isPlain(static_cast<GraphemeBreakClass>(last)) && isPlain(static_cast<GraphemeBreakClass>(next));
+      if (isPlainPair && (!step.breaks || step.state != static_cast<GraphemeBreakState>(next))) return false;
+    }
+  }
+  return true;
+}());
+
 }  // namespace tessary

@@ -81,6 +81,12 @@ DecodedScalar decodeRareScalar(std::string_view text, std::size_t position) noex
 std::size_t previousScalarStart(std::string_view text, std::size_t position) noexcept {
   // OPTIMIZATION: an ASCII byte is a scalar of its own, whatever stands before it.
   if (static_cast<unsigned char>(text[position - 1]) < 0x80) return position - 1;
+  // OPTIMIZATION: a well-formed sequence ends here if one begins at the nearest lead, and readers always stop at leads.
+  std::size_t lead = position - 1;
+  while (lead > 0 && position - lead < 4 && isContinuation(static_cast<unsigned char>(text[lead])))
+    --lead;
+  const DecodedScalar decoded = decodeScalar(text, lead);
+  if (decoded.isWellFormed && lead + decoded.byteCount == position) return lead;
   // A sequence has at most four bytes, so one of the last four positions begins the scalar: the earliest from which
   // reading forwards ends exactly here. Where none does, the last byte stands alone.
   const std::size_t earliest = position > 4 ? position - 4 : 0;
