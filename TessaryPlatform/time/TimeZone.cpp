@@ -24,6 +24,14 @@ constexpr std::int64_t maximumSeconds = 10'000'000 * secondsPerDay;
 /// No clock is a whole day apart from UTC: the widest fixed offset is 23:59, and none of the database reaches 16 hours.
 constexpr std::int64_t offsetBound = secondsPerDay;
 
+/// True for a name that ICU can be asked for. Any that is not in its database it tries to read as "GMT" and an offset,
+/// in any letter case and with whatever its number format takes: "GMT-03E30" has an offset of thirty years.
+bool isReadable(std::string_view identifier) {
+  if (identifier.empty() || identifier.size() > TimeZone::maximumIdentifierBytes || !isASCII(identifier)) return false;
+  if (identifier.size() < 4 || (identifier[3] != '+' && identifier[3] != '-')) return true;
+  return identifier.starts_with("GMT") && identifier.find_first_not_of("0123456789:", 4) == std::string_view::npos;
+}
+
 constexpr UDate toMilliseconds(std::int64_t seconds) {
   return static_cast<UDate>(seconds) * 1'000;
 }
@@ -56,7 +64,7 @@ struct TimeZone::Rules {
 };
 
 std::optional<TimeZone> TimeZone::named(std::string_view identifier) {
-  if (identifier.empty() || identifier.size() > maximumIdentifierBytes || !isASCII(identifier)) return std::nullopt;
+  if (!isReadable(identifier)) return std::nullopt;
   const icu::UnicodeString name(identifier.data(), static_cast<std::int32_t>(identifier.size()), US_INV);
   std::unique_ptr<icu::TimeZone> found(icu::TimeZone::createTimeZone(name));
   // For a name that it does not know, ICU answers with a zone of its own that stands for "unknown".

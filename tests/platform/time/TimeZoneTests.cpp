@@ -46,9 +46,26 @@ TEST(TimeZone, OfAFixedOffsetHasItsFullName) {
 }
 
 TEST(TimeZone, IsAbsentForAnUnknownName) {
-  for (const auto identifier : std::to_array<std::string_view>(
-           {"", " ", "Etc/Unknown", "Europe/Nowhere", "europe/berlin", "Europe/Berlin ", "GMT+24", "GMT+9:60", "KST",
-            "Z", "+09:00", "Europe", "\xFF\xFE", "Europe/Berl\xC3\xADn", std::string_view("UTC\0", 4)})) {
+  for (const auto identifier : std::to_array<std::string_view>({"",
+                                                                " ",
+                                                                "Etc/Unknown",
+                                                                "Europe/Nowhere",
+                                                                "europe/berlin",
+                                                                "Europe/Berlin ",
+                                                                "GMT+24",
+                                                                "GMT+9:60",
+                                                                "GMT-03E30",
+                                                                "GMT+1E1",
+                                                                "gmt+9",
+                                                                "GMT+ 9",
+                                                                "GMT+9.5",
+                                                                "KST",
+                                                                "Z",
+                                                                "+09:00",
+                                                                "Europe",
+                                                                "\xFF\xFE",
+                                                                "Europe/Berl\xC3\xADn",
+                                                                std::string_view("UTC\0", 4)})) {
     EXPECT_EQ(TimeZone::named(identifier), std::nullopt) << identifier;
   }
 }
