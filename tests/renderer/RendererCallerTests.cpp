@@ -323,6 +323,20 @@ TEST(Process, KeepsNoDescriptorOfItsParent) {
   EXPECT_EQ(runProcess(start), succeededWith("{}"));
 }
 
+TEST(Process, HoldsThePlaceOfAClosedStandardOutputAgainstTheEnginesFiles) {
+  const TemporaryFolder folder;
+  folder.write("renderer.js",
+               "const begin = Date.now(); while (Date.now() - begin < 1000); var TessaryOfflineRenderer = {render: () "
+               "=> ({})};");
+  ProcessStart start = rendererStart(folder.path());
+  start.beforeStart = [] { ::close(STDOUT_FILENO); };
+  start.meanwhile = [&](int child) {
+    EXPECT_TRUE(eventually([&] { return statusField(child, "NoNewPrivs") == "1"; }));
+    EXPECT_EQ(std::filesystem::read_symlink("/proc/" + std::to_string(child) + "/fd/1"), "/");
+  };
+  EXPECT_EQ(runProcess(start), failedInSilence);
+}
+
 TEST(Process, RunsForAnOrdinaryUser) {
   if (::geteuid() != 0) GTEST_SKIP() << "every other test runs as an ordinary user already";
   const TemporaryFolder folder;
