@@ -83,8 +83,9 @@ export class Page {
     this.writer.close();
   }
 
-  /** A whole source file, line by line. */
-  sourceCode(text, languageName) {
+  /** A whole source file, line by line; a line end at its end begins no further line. */
+  sourceCode(source, languageName) {
+    const text = source.replace(/\r\n?/g, '\n').replace(/\n$/, '');
     const grammar = languageName === undefined ? undefined : this.grammarName(languageName);
     this.language = grammar ?? languageName;
     if (exceedsBytes(text, HIGHLIGHT_BYTES)) this.notices.add(TOO_LARGE_TO_HIGHLIGHT);
