@@ -3,17 +3,22 @@
  * code, formulas). The parts that read a format see no more of the program than this.
  */
 
-import { writeRuns, writePlainLines } from './code/codeLines.js';
+import { writePlainLines, writeRuns } from './code/codeLines.js';
+import { isHighlightable } from './code/isHighlightable.js';
 import { Formulas } from './formulas/Formulas.js';
-import { HIGHLIGHT_BYTES, HIGHLIGHT_DOCUMENT_BYTES, HIGHLIGHT_LINE_UNITS, OUTPUT_BYTES } from './limits.js';
+import {
+  DATA_IMAGE_DOCUMENT_UNITS,
+  HIGHLIGHT_DOCUMENT_BYTES,
+  HIGHLIGHT_MILLISECONDS,
+  OUTPUT_BYTES,
+} from './limits.js';
 import { escapeText } from './output/escape.js';
 import { HTMLWriter } from './output/HTMLWriter.js';
 import { writeImage } from './output/images.js';
 import { linkAttributes, prefixedIdentifier, webAddress } from './output/links.js';
-import { exceedsBytes } from './output/size.js';
 import { writingLanguage } from './writingLanguage.js';
 
-const TOO_LARGE_TO_HIGHLIGHT = 'This source is too large to be highlighted.';
+const NOT_HIGHLIGHTED = 'This source is too large, or its lines too long, to be highlighted.';
 
 export class Page {
   constructor(request, token, notices, parts) {
@@ -23,6 +28,8 @@ export class Page {
     this.parts = parts;
     this.writer = new HTMLWriter(OUTPUT_BYTES);
     this.formulas = new Formulas(token, request.text);
+    this.highlightDeadline = Date.now() + HIGHLIGHT_MILLISECONDS;
+    this.dataImageUnitsLeft = DATA_IMAGE_DOCUMENT_UNITS;
     this.highlightBytesLeft = HIGHLIGHT_DOCUMENT_BYTES;
     /** Language of the result: of a source file the grammar's name, of a document the one that it declares. */
     this.language = undefined;
@@ -88,7 +95,7 @@ export class Page {
     const text = source.replace(/\r\n?/g, '\n').replace(/\n$/, '');
     const grammar = languageName === undefined ? undefined : this.grammarName(languageName);
     this.language = grammar ?? languageName;
-    if (exceedsBytes(text, HIGHLIGHT_BYTES)) this.notices.add(TOO_LARGE_TO_HIGHLIGHT);
+    if (grammar !== undefined && !isHighlightable(text)) this.notices.add(NOT_HIGHLIGHTED);
     this.openSource();
     const runs = this.highlighted(text, grammar);
     if (runs === undefined) writePlainLines(text, this.writer);
@@ -126,10 +133,10 @@ export class Page {
 
   /** The text as coloured runs, or absent where it is to be shown plain. */
   highlighted(text, grammar) {
-    if (grammar === undefined || grammar === 'plaintext' || exceedsBytes(text, HIGHLIGHT_BYTES)) return undefined;
-    if (text.length > this.highlightBytesLeft || hasLongLine(text)) return undefined;
+    if (grammar === undefined || grammar === 'plaintext' || !isHighlightable(text)) return undefined;
+    if (text.length > this.highlightBytesLeft || Date.now() > this.highlightDeadline) return undefined;
     this.highlightBytesLeft -= text.length;
-    return this.parts.load('highlighter').highlight(text, grammar);
+    return this.parts.load('highlighter').highlight(text, grammar, this.highlightDeadline);
   }
 
   /** The page's HTML. */
@@ -140,14 +147,4 @@ export class Page {
     const title = this.titleText === '' ? '' : `<p class="tsr-title">${escapeText(this.titleText)}</p>\n`;
     return `<article class="tessary tessary-${kind}"${attributes}>\n${title}${body}</article>`;
   }
-}
-
-function hasLongLine(text) {
-  let start = 0;
-  while (text.length - start > HIGHLIGHT_LINE_UNITS) {
-    const end = text.indexOf('\n', start);
-    if (end < 0 || end - start > HIGHLIGHT_LINE_UNITS) return true;
-    start = end + 1;
-  }
-  return false;
 }

@@ -6,6 +6,9 @@
 import { scopeClass } from './scopeClasses.js';
 
 export class RunEmitter {
+  /** Milliseconds since 1970 after which a text is given up, between two of its windows. */
+  static deadline = Infinity;
+
   constructor() {
     /** Class and text in turn; neighbours differ in class. */
     this.runs = [];
@@ -38,6 +41,7 @@ export class RunEmitter {
   }
 
   __addSublanguage(emitter) {
+    if (Date.now() > RunEmitter.deadline) throw new Error('the time for highlighting is over');
     for (let i = 0; i < emitter.runs.length; i += 2) this.addRun(emitter.runs[i], emitter.runs[i + 1]);
   }
 

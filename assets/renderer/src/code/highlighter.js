@@ -3,6 +3,7 @@
  */
 
 import hljs from 'highlight.js/lib/core';
+import { HIGHLIGHT_WINDOW_UNITS } from '../limits.js';
 import { RunEmitter } from './RunEmitter.js';
 
 /* global loadPart */
@@ -50,14 +51,50 @@ function deferEmbedded(mode) {
   });
 }
 
+// Between two windows of a text. The writer replaces this character, so no document needs it.
+const MARK = '\x02';
+
+/** The text with marks at ends of lines, at most a window apart where its lines allow. */
+function inWindows(text) {
+  let windows = '';
+  let start = 0;
+  while (text.length - start > HIGHLIGHT_WINDOW_UNITS) {
+    const lineEnd = text.lastIndexOf('\n', start + HIGHLIGHT_WINDOW_UNITS - 1);
+    if (lineEnd < start) break;
+    windows += text.slice(start, lineEnd + 1) + MARK;
+    start = lineEnd + 1;
+  }
+  return windows + text.slice(start);
+}
+
+/**
+ * The grammar that reads a text with marks: all between them is the other grammar's, which the highlighter goes on
+ * with after each mark in the state that it had before.
+ */
+function windowGrammar(grammar) {
+  const name = `windows/${grammar}`;
+  if (!hljs.getLanguage(name)) {
+    hljs.registerLanguage(name, () => ({ subLanguage: grammar, contains: [{ begin: MARK }] }));
+  }
+  return name;
+}
+
 /**
  * @param {string} grammar the highlighter's own name of a language
+ * @param {number} deadline milliseconds since 1970; when it has passed the text is left plain
  * @returns {string[]} class and text in turn
  */
-export function highlight(text, grammar) {
+export function highlight(text, grammar, deadline) {
   ensureGrammar(grammar);
   if (!hljs.getLanguage(grammar)) return ['', text];
-  const result = hljs.highlight(text, { language: grammar, ignoreIllegals: true });
+  RunEmitter.deadline = deadline;
+  const windows = inWindows(text.replaceAll(MARK, '\ufffd'));
+  const language = windows.includes(MARK) ? windowGrammar(grammar) : grammar;
+  const result = hljs.highlight(windows, { language, ignoreIllegals: true });
   // What a grammar fails on it leaves unfinished.
-  return result.errorRaised === undefined ? result._emitter.runs : ['', text];
+  return result.errorRaised === undefined ? result._emitter.runs.map(withoutMark) : ['', text];
+}
+
+function withoutMark(text) {
+  return text.includes(MARK) ? text.replaceAll(MARK, '') : text;
 }

@@ -68,12 +68,15 @@ function lineText(state, line) {
 
 /** The line that ends with the closing marker, or -1. */
 function closingLine(state, startLine, endLine) {
-  for (let line = startLine; line < endLine; line++) {
-    if (state.sCount[line] < state.blkIndent) return -1;
+  // Lines that were searched in vain are not searched again from a later opening among them: that would be quadratic.
+  if (startLine < (state.env.formulaFreeBefore ?? 0)) return -1;
+  let line = startLine;
+  for (; line < endLine && state.sCount[line] >= state.blkIndent; line++) {
     const text = lineText(state, line).trimEnd();
-    if (text === '') return -1;
+    if (text === '') break;
     if (text.endsWith('$$') && (line > startLine || text.length > 4)) return line;
   }
+  state.env.formulaFreeBefore = line;
   return -1;
 }
 

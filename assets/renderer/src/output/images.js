@@ -12,22 +12,27 @@ const RASTER = /^data:image\/(?:png|jpe?g|gif|webp|avif|bmp);base64,[A-Za-z0-9+/
 export const REMOTE_IMAGES_NOTICE = 'Images from the web are not loaded.';
 export const LOCAL_IMAGES_NOTICE = 'Images that lie outside this document are not shown.';
 
+function embeddedSource(source, page) {
+  if (source.length > DATA_IMAGE_UNITS || source.length > page.dataImageUnitsLeft) return undefined;
+  page.dataImageUnitsLeft -= source.length;
+  const compact = source.replace(/[\t\n\r\f ]/g, '');
+  return RASTER.test(compact) ? compact : undefined;
+}
+
 /** The address as the result may hold it, or absent. */
-function allowedSource(source, allowsRemoteImages) {
+function allowedSource(source, page) {
+  if (/^\s{0,64}data:/i.test(source)) return embeddedSource(source, page);
   const remote = webAddress(source);
-  if (remote !== undefined) return allowsRemoteImages ? remote : undefined;
-  if (source.length > DATA_IMAGE_UNITS || !/^\s*data:/i.test(source)) return undefined;
-  const embedded = source.replace(/[\t\n\r\f ]/g, '');
-  return RASTER.test(embedded) ? embedded : undefined;
+  return remote !== undefined && page.allowsRemoteImages ? remote : undefined;
 }
 
 /**
  * Writes the image, or a placeholder with its alternative text.
  * @param {{source: string, alternative: string, title?: string, size?: string[]}} image
- * @param {{writer: HTMLWriter, notices: Notices, allowsRemoteImages: boolean}} page
+ * @param {Page} page
  */
 export function writeImage(image, page) {
-  const source = allowedSource(image.source, page.allowsRemoteImages);
+  const source = allowedSource(image.source, page);
   const title = image.title ? ['title', image.title] : [];
   if (source !== undefined) {
     const loading = ['loading', 'lazy', 'decoding', 'async', 'referrerpolicy', 'no-referrer'];

@@ -4,14 +4,20 @@
  * address) loses its target.
  */
 
+import { ADDRESS_UNITS } from '../limits.js';
+
 /** Before every identifier that a document chose, so that none of them is one of the host's. */
 export const IDENTIFIER_PREFIX = 'doc-';
 
 const WEB = /^https?:\/\/[^/?#\\]/i;
 const MAIL = /^mailto:/i;
 
-/** The address as a browser reads it: tabs and line ends vanish, and so do control characters and blanks at the ends. */
+/**
+ * The address as a browser reads it: tabs and line ends vanish, and so do control characters and blanks at the ends.
+ * Empty where it is too long to be one.
+ */
 function canonicalAddress(address) {
+  if (address.length > ADDRESS_UNITS) return '';
   return address.replace(/[\t\n\r]/g, '').replace(/^[\0- ]+/, '').trimEnd();
 }
 
