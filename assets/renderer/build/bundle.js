@@ -10,7 +10,8 @@ const COMMON = {
   minify: true,
   write: false,
   metafile: true,
-  charset: 'ascii',
+  // Escaped where it is laid out; packed parts are not.
+  charset: 'utf8',
   legalComments: 'none',
   platform: 'neutral',
   mainFields: ['module', 'main'],
@@ -24,20 +25,23 @@ const SHIMS = {
   'uc.micro': 'src/shims/unicodeClasses.js',
 };
 
-// Only what the Markdown parser asks for is put off; the part that is the table itself holds it.
-const lazyEntities = (root) => ({
-  name: 'lazy-entities',
-  setup: (build) =>
-    build.onResolve({ filter: /^entities$/ }, ({ importer }) =>
-      importer.includes('/markdown-it/') ? { path: join(root, 'src/shims/lazyEntities.js') } : undefined,
-    ),
+// The table of named character references is a part of its own. The Markdown parser puts off loading it until a text
+// holds one; the tokenizer wants it at once.
+const sharedEntities = (root) => ({
+  name: 'shared-entities',
+  setup(build) {
+    const shimFor = (shim, user) => ({ importer }) =>
+      importer.includes(`/${user}/`) ? { path: join(root, 'src/shims', shim) } : undefined;
+    build.onResolve({ filter: /^entities$/ }, shimFor('lazyEntities.js', 'markdown-it'));
+    build.onResolve({ filter: /^entities\/lib\/decode\.js$/ }, shimFor('sharedEntities.js', 'htmlparser2'));
+  },
 });
 
 function substitutes(root) {
   const alias = Object.fromEntries(Object.entries(SHIMS).map(([name, path]) => [name, join(root, path)]));
   // The package's entry draws in its parser, its tree and more; the tokenizer stands alone.
   alias.htmlparser2 = join(root, 'src/shims/tokenizerOnly.js');
-  return { alias, plugins: [lazyEntities(root)] };
+  return { alias, plugins: [sharedEntities(root)] };
 }
 
 async function script(root, options, inputs) {

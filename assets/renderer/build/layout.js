@@ -3,6 +3,8 @@
  * other character makes the engine hold the whole source in 16-bit units.
  */
 
+import { pack } from './pack.js';
+
 /** The script with every character beyond ASCII as an escape, also in regular expressions, which bundlers leave. */
 export function toASCII(script) {
   return script.replace(/[^\0-\x7f]/g, (unit) => `\\u${unit.charCodeAt(0).toString(16).padStart(4, '0')}`);
@@ -17,6 +19,13 @@ function insideComment(name, text) {
   return text.replaceAll('*/', `*${MARK}/`);
 }
 
+// Above this many characters a grammar is packed: the large ones are long lists of words, of languages that are rare.
+const PACKED_GRAMMAR_LENGTH = 16_384;
+
+function isPacked(name, text) {
+  return name === 'formulas' || (name.startsWith('language/') && text.length > PACKED_GRAMMAR_LENGTH);
+}
+
 /**
  * @param {string} program
  * @param {Map<string, string>} parts
@@ -27,8 +36,9 @@ export function layOut(program, parts) {
   let index = '';
   for (const [name, text] of parts) {
     const start = cold.length;
-    cold += insideComment(name, toASCII(text));
-    index += `|${name}:${start}:${cold.length}`;
+    const packs = isPacked(name, text);
+    cold += insideComment(name, packs ? pack(text) : toASCII(text));
+    index += `|${packs ? 'packed/' : ''}${name}:${start}:${cold.length}`;
   }
   return `${cold}*/}\nvar tessaryColdIndex=${JSON.stringify(`${index}|`)};\n${toASCII(program)}\n`;
 }

@@ -92,14 +92,16 @@ export class Page {
 
   /** A whole source file, line by line; a line end at its end begins no further line. */
   sourceCode(source, languageName) {
-    const text = source.replace(/\r\n?/g, '\n').replace(/\n$/, '');
+    const lines = source.replace(/\r\n?/g, '\n');
+    const text = lines.endsWith('\n') ? lines.slice(0, -1) : lines;
     const grammar = languageName === undefined ? undefined : this.grammarName(languageName);
     this.language = grammar ?? languageName;
-    if (grammar !== undefined && !isHighlightable(text)) this.notices.add(NOT_HIGHLIGHTED);
     this.openSource();
-    const runs = this.highlighted(text, grammar);
+    const runs = this.highlighted(lines, grammar);
+    if (runs === undefined && grammar !== undefined && grammar !== 'plaintext') this.notices.add(NOT_HIGHLIGHTED);
     if (runs === undefined) writePlainLines(text, this.writer);
-    else writeRuns(runs, this.writer, { isLineByLine: true });
+    else writeRuns(withoutLastLineEnd(runs), this.writer, { isLineByLine: true });
+    if (text !== lines) this.writer.put('\n');
     this.closeSource();
   }
 
@@ -147,4 +149,11 @@ export class Page {
     const title = this.titleText === '' ? '' : `<p class="tsr-title">${escapeText(this.titleText)}</p>\n`;
     return `<article class="tessary tessary-${kind}"${attributes}>\n${title}${body}</article>`;
   }
+}
+
+/** Runs whose text does not end in a line end any more. */
+function withoutLastLineEnd(runs) {
+  const last = runs.length - 1;
+  if (last > 0 && runs[last].endsWith('\n')) runs[last] = runs[last].slice(0, -1);
+  return runs;
 }

@@ -1,2 +1,11 @@
 /** Part "entities": named character references. */
-export { decodeHTML, decodeHTMLStrict } from 'entities';
+export {
+  BinTrieFlags,
+  decodeHTML,
+  decodeHTMLStrict,
+  DecodingMode,
+  determineBranch,
+  EntityDecoder,
+  htmlDecodeTree,
+  xmlDecodeTree,
+} from 'entities/lib/decode.js';

@@ -13,7 +13,7 @@ test('every line of a source is an element, also within a colour that goes over 
     body(renderText('a\n/* b\nc */\n', 'code', { language: 'c' })),
     '<pre class="tsr-lines"><code><span class="tsr-line">a</span>\n' +
       '<span class="tsr-line"><span class="tsr-comment">/* b</span></span>\n' +
-      '<span class="tsr-line"><span class="tsr-comment">c */</span></span></code></pre>',
+      '<span class="tsr-line"><span class="tsr-comment">c */</span></span>\n</code></pre>',
   );
   assert.deepEqual(['', 'a', 'a\n', 'a\n\n', 'a\r\nb'].map((text) => lines(text)), [1, 1, 1, 2, 2]);
 });

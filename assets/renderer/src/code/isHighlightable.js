@@ -6,27 +6,20 @@
 import { HIGHLIGHT_BLANK_UNITS, HIGHLIGHT_BYTES, HIGHLIGHT_LINE_UNITS } from '../limits.js';
 import { exceedsBytes } from '../output/size.js';
 
-function isBlank(unit) {
-  return unit <= 0x20 || unit === 0xa0 || (unit >= 0x2000 && unit <= 0x200a) || unit === 0x3000;
-}
+// Of fixed length, so it costs at most that length at each place.
+const LONG_BLANK = new RegExp(`\\s{${HIGHLIGHT_BLANK_UNITS + 1}}`);
 
-/** Whether no line and no stretch of blanks passes its limit. */
-function hasShortStretches(text) {
-  let lineStart = 0;
-  let blankStart = 0;
-  for (let i = 0; i < text.length; i++) {
-    const unit = text.charCodeAt(i);
-    if (unit === 0x0a) {
-      lineStart = i + 1;
-    } else if (i - lineStart >= HIGHLIGHT_LINE_UNITS) {
-      return false;
-    }
-    if (!isBlank(unit)) blankStart = i + 1;
-    else if (i - blankStart >= HIGHLIGHT_BLANK_UNITS) return false;
+function hasLongLine(text) {
+  let start = 0;
+  while (text.length - start > HIGHLIGHT_LINE_UNITS) {
+    const end = text.indexOf('\n', start);
+    if (end < 0 || end - start > HIGHLIGHT_LINE_UNITS) return true;
+    start = end + 1;
   }
-  return true;
+  return false;
 }
 
 export function isHighlightable(text) {
-  return !exceedsBytes(text, HIGHLIGHT_BYTES) && hasShortStretches(text);
+  if (exceedsBytes(text, HIGHLIGHT_BYTES) || hasLongLine(text)) return false;
+  return text.length <= HIGHLIGHT_BLANK_UNITS || !LONG_BLANK.test(text);
 }
