@@ -10,7 +10,7 @@ export const OUTPUT_BYTES = 6_291_456;
 export const HIGHLIGHT_BYTES = 65_536;
 
 /** All code blocks of one Markdown document together; those that come after are shown plain. */
-export const HIGHLIGHT_DOCUMENT_BYTES = 4 * HIGHLIGHT_BYTES;
+export const HIGHLIGHT_DOCUMENT_BYTES = 2 * HIGHLIGHT_BYTES;
 
 /**
  * A line above this many UTF-16 units keeps its block plain: grammars look ahead to the end of a line from each of its
@@ -27,8 +27,11 @@ export const HIGHLIGHT_BLANK_UNITS = 256;
  */
 export const HIGHLIGHT_WINDOW_UNITS = 2_048;
 
-/** Once a document has taken this long its further code blocks are shown plain; the process has four seconds. */
-export const HIGHLIGHT_MILLISECONDS = 1_000;
+/**
+ * Once a document has taken this long its further code is shown plain. The limits above make that a matter of a machine
+ * under load; a page without colours is still better than none, since the process has four seconds.
+ */
+export const HIGHLIGHT_MILLISECONDS = 2_500;
 
 /** Open elements at one time. Deeper elements lose their tags and keep their text. */
 export const OPEN_ELEMENTS = 192;
