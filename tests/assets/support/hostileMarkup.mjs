@@ -50,6 +50,15 @@ const markdown = ['[text](javascript:fired())', '![text](http://loads.test/a)', 
   'http://a.example/<b>', 'www.a.example"', 'a@b.example', '<a@b.example>', '<!-- ', ' -->', '<?', '?>', '<![CDATA[', ']]>', ':-:|',
   '\n\n<div>\n\n', '\n\n</div>\n\n', '\n\n<pre>\n', '</pre>', '\n    <b>\n'];
 
+const formulaPieces = ['\\frac{', '\\sqrt[', '\\text{', '\\mathrm{', '\\mbox{', '\\href{javascript:fired()}{', '\\url{javascript:fired()}',
+  '\\includegraphics{http://loads.test/a}', '\\class{" onclick="fired()}{', '\\style{background:url(//loads.test/a)}{', '\\htmlId{shadowed}{',
+  '\\htmlData{a=b}{', '\\id{shadowed}{', '\\data{a=b}{', '\\tag{', '\\label{shadowed', '\\ref{shadowed}', '\\eqref{a}', '\\color{red}', '\\textcolor{#f00}{',
+  '\\colorbox{"onclick="fired()}{', '\\definecolor{a}{HTML}{ff0000}', '\\begin{matrix}', '\\end{matrix}', '\\begin{align}', '\\end{align}',
+  '\\begin{array}{c|"c}', '\\end{array}', '\\begin{equation}', '\\end{equation}', '\\\\', '\\hline', '&', '^', '_', '{', '}', '}', '}', '}', ']', '\\left(', '\\right)',
+  '\\left<', '\\def\\a{', '\\a', '\\newcommand{\\b}[1]{#1', '\\b', '\\let\\c=<', '\\c', '\\char"3C', '\\char60', '\\unicode{x3c}', '\\rule{1em}{1em}',
+  '\\hskip 1em', '\\kern-9999em', '\\raisebox{9em}{', '\\cancel{', '\\boxed{', '\\fbox{', '\\phase{', '\\xrightarrow[', '\\overbrace{', '\\ce{', '\\pu{', '\\operatorname{',
+  '\\mathbb{', '\\mathscr{', '\\bm{', '\\not<', '<', '>', '<b>', '&lt;', '"', "'", '`', '%', '#', '~', '1', 'x', ' ', '\n', '\\$', '\\<', '\\"', '\u{1f600}', '\ud55c', '\0'];
+
 const elementOf = (random) => (random.chance(15) ? random.pick(names).toUpperCase() : random.pick(names));
 
 function attribute(random) {
@@ -89,9 +98,18 @@ function nested(random, depth) {
   return `<${name}${attributes(random)}>${pieces(random, 3, depth - 1)}${random.chance(70) ? `</${name}>` : endTag(random)}`;
 }
 
+function formula(random) {
+  let text = '';
+  for (let left = 1 + random.below(6); left > 0; left--) text += random.pick(formulaPieces);
+  // Half of the formulas get the braces that they lack, since one that cannot be read shows little.
+  const open = random.chance(50) ? text.split('{').length - text.split('}').length : 0;
+  const marker = random.pick(['$', '$', '$$']);
+  return marker + text + '}'.repeat(Math.max(0, open)) + marker;
+}
+
 /** One piece; `depth` bounds what lies inside. */
 function piece(random, depth) {
-  switch (random.below(depth > 0 ? 14 : 10)) {
+  switch (random.below(depth > 0 ? 15 : 11)) {
     case 0: case 1: return startTag(random);
     case 2: return endTag(random);
     case 3: return random.pick(texts);
@@ -101,7 +119,8 @@ function piece(random, depth) {
     case 7: return random.pick(values);
     case 8: return random.pick(markdown) + random.pick(texts);
     case 9: return startTag(random) + random.pick(texts);
-    case 10: return comment(random);
+    case 10: return formula(random);
+    case 11: return comment(random);
     default: return nested(random, depth);
   }
 }
