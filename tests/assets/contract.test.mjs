@@ -173,8 +173,28 @@ test('a formula that cannot be read is shown as its source', async () => {
   assert.match(html, /\\nosuch&lt;b&gt;/);
 });
 
+test('a formula that refers or names is shown as its source, since a document may name nothing', async () => {
+  for (const source of ['x \\ref{shadowed}', 'x \\eqref{shadowed}', '\\begin{equation}\\label{shadowed}x\\end{equation}']) {
+    const { html } = await rendered('markdown', `$$${source}$$`);
+    assert.doesNotMatch(html, /<math|href|id="/);
+    assert.match(html, /<code class="tsr-formula">/);
+  }
+});
+
+test('a character that a formula asks for by number is fit for HTML', async () => {
+  const { html } = await rendered('markdown', '$\\char"0$ $\\char"D800$ $\\char"1B$ $\\char"3C$');
+  assert.equal(count(html, /<mi[^>]*>\ufffd<\/mi>/g), 3);
+  assert.equal(count(html, /&lt;/g), 1);
+});
+
+test('one tilde strikes through as two do, and three do not', async () => {
+  const { html } = await rendered('markdown', '~a~ ~~b~~ ~~~c~~~ *~d~*\n\n~e~~\n');
+  assert.match(html, /<del>a<\/del> <del>b<\/del> ~~~c~~~ <em><del>d<\/del><\/em><\/p>\n<p>~e~~<\/p>/);
+});
+
 test('a block of code names its language and is coloured', async () => {
   const { html } = await rendered('markdown', '```js\nlet a = "<b>";\n```\n');
+  assert.match(html, /<pre[^>]* data-language="js"/);
   assert.match(html, /<code class="language-js">/);
   assert.match(html, /<span class="tsr-/);
   assert.equal(codeText(html), 'let a = "<b>";\n');

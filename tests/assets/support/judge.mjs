@@ -58,7 +58,8 @@ const classNames = /^(?:tessary(?:-[a-z]+)?|tsr-[a-z0-9-]+|language-[^ \t\n\f\r]
 const mathClassNames = new RegExp('^(?:tml-[a-z0-9-]+|(?:wbk|chr)-[a-z0-9-]+|(?:up|down|x|sout|b|f)?(?:strike|cancel)|' +
   'mathcal|mathscr|mathfrak|mord|phasor-(?:bottom|angle)|longdiv-(?:top|arc)|ff-squash|ff-narrow|circle-pad|actuarial|' +
   'special-fraction|box|roundedbox|circle|cancel|prime-pad)$');
-const mathStyle = /^(?:\s*[a-z-]+\s*:\s*[\w#%. ,+-]+;?)*\s*$/;
+// No brackets, so no function and no address; quotes only around a font's name.
+const mathStyle = /^(?:\s*[a-z-]+\s*:\s*(?:[\w#%. ,+-]|'[A-Za-z ]+')+;?)*\s*$/;
 // Blanks in the sense of HTML; other blanks are characters like any other there.
 const identifiers = /^(?:doc-|tsr-)[^ \t\n\f\r]+$/;
 const rasterImage = /^data:image\/(?:png|jpeg|jpg|gif|webp|avif|bmp);base64,[A-Za-z0-9+/]+={0,2}$/i;
