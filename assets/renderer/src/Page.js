@@ -80,7 +80,7 @@ export class Page {
   /** A code block inside a document, with its language named. */
   codeBlock(text, languageName) {
     const grammar = this.grammarName(languageName);
-    const attributes = languageName === '' ? [] : ['class', 'tsr-block', 'data-language', grammar ?? languageName];
+    const attributes = languageName === '' ? [] : ['class', 'tsr-block', 'data-language', languageName.toLowerCase()];
     this.writer.open('pre', attributes);
     this.writer.open('code', languageName === '' ? [] : ['class', `language-${languageName}`]);
     const runs = this.highlighted(text, grammar);

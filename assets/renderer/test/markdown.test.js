@@ -93,7 +93,7 @@ test('a formula cannot bring addresses or styles of its own', () => {
 test('code names its language and has colours', () => {
   assert.equal(
     markdown('```py\nreturn 1\n```\n'),
-    '<pre class="tsr-block" data-language="python"><code class="language-py">' +
+    '<pre class="tsr-block" data-language="py"><code class="language-py">' +
       '<span class="tsr-keyword">return</span> <span class="tsr-literal">1</span>\n</code></pre>\n',
   );
   assert.equal(markdown('```\n<\n```\n'), '<pre><code>&lt;\n</code></pre>\n');

@@ -75,7 +75,11 @@ function mailLink(text, at, from) {
   if (start === at || end < 0 || /[-_]$/.test(text.slice(0, end).slice(-1))) return undefined;
   const next = endBy(DOMAIN_END, text, at + 1);
   if (/[-_]/.test(text[next - 1])) return undefined;
-  return { start, end, address: `mailto:${text.slice(start, end)}` };
+  const address = `mailto:${text.slice(start, end)}`;
+  // A scheme before the address belongs to it; one of a kind that may not be followed leaves all of it text.
+  const before = text.slice(Math.max(from, start - 7), start).toLowerCase();
+  if (before.endsWith('xmpp:')) return undefined;
+  return { start: before === 'mailto:' ? start - 7 : start, end, address };
 }
 
 const CANDIDATE = /:\/\/|www\.|@/gi;

@@ -1,11 +1,12 @@
 /**
- * The Markdown parser: CommonMark and GFM's tables and strikethrough by markdown-it, with rules of our own for
+ * The Markdown parser: CommonMark and GFM's tables by markdown-it, with rules of our own for strikethrough,
  * footnotes and formulas. What GFM calls autolinks and task lists is found when the text is written.
  */
 
 import MarkdownIt from 'markdown-it';
 import { footnoteDefinition, footnoteReference } from './footnotes.js';
 import { formulaBlock, formulaInline } from './formulaRules.js';
+import { strikethroughRun, strikethroughTags } from './strikethrough.js';
 
 const WITH_PARAGRAPHS = { alt: ['paragraph', 'reference', 'blockquote', 'list'] };
 
@@ -18,6 +19,8 @@ export function makeParser() {
   parser.block.ruler.before('fence', 'formula_block', formulaBlock, WITH_PARAGRAPHS);
   parser.block.ruler.before('reference', 'footnote_definition', footnoteDefinition, { alt: ['paragraph', 'reference'] });
   parser.inline.ruler.before('escape', 'formula', formulaInline);
+  parser.inline.ruler.at('strikethrough', strikethroughRun);
+  parser.inline.ruler2.at('strikethrough', strikethroughTags);
   parser.inline.ruler.before('link', 'footnote_reference', footnoteReference);
   return parser;
 }
