@@ -4,8 +4,6 @@
 #include <chrono>
 #include <cstddef>
 
-#include "TessaryPlatform/text/UTF8.h"
-
 // CPython reads a C string that ends in a zero byte, and looks one byte past what it has read before it knows where it
 // stands. So that every text has the same answer here, the bytes are read through `Bytes`, past whose end all is zero;
 // a zero byte inside the text then means the same as its end wherever a single byte is looked at, which is what makes
@@ -15,8 +13,7 @@ namespace tessary::PythonISOTimestamp {
 
 namespace {
 
-constexpr std::size_t leastScalars = 7;
-constexpr std::size_t mostBytesOfAScalar = 4;
+constexpr std::size_t leastCharacters = 7;
 constexpr int leastYear = 1;
 constexpr int greatestYear = 9999;
 constexpr std::int64_t microsecondsPerSecond = 1'000'000;
@@ -51,7 +48,14 @@ class Bytes {
   }
 
   [[nodiscard]] std::size_t endOfDigits(std::size_t position) const {
-    while (isDigit((*this)[position]))
+    while (position < text_.size() && isDigit(text_[position]))
+      ++position;
+    return position;
+  }
+
+  /// The first sign or "Z" at or behind `position`; no less than the size if there is none.
+  [[nodiscard]] std::size_t findZone(std::size_t position) const {
+    while (position < text_.size() && text_[position] != '+' && text_[position] != '-' && text_[position] != 'Z')
       ++position;
     return position;
   }
@@ -228,8 +232,9 @@ std::size_t characterByteCount(char lead) {
 }  // namespace
 
 std::optional<std::int64_t> microseconds(std::string_view text) noexcept {
-  // 1. The shortest date has seven characters. So many bytes hold as many, whatever they are.
-  if (text.size() < leastScalars * mostBytesOfAScalar && scalarCount(text) < leastScalars) return std::nullopt;
+  // 1. The shortest date has seven characters. Those of a date are ASCII, so that where the text holds enough bytes but
+  // fewer characters, reading the date fails, and the characters need no count.
+  if (text.size() < leastCharacters) return std::nullopt;
   const Bytes bytes(text);
 
   // 2.-4. The date, on this side of the separator.
@@ -242,9 +247,9 @@ std::optional<std::int64_t> microseconds(std::string_view text) noexcept {
 
   // 6.-8. The clock, and the offset, without which it names no point in time. What is left over between the two is
   // not looked at.
-  const std::size_t zone = text.find_first_of("+-Z", start);
+  const std::size_t zone = bytes.findZone(start);
   Clock clock;
-  if (zone == std::string_view::npos || readClock(bytes, start, zone, clock) == ClockEnd::failed) return std::nullopt;
+  if (zone >= bytes.size() || readClock(bytes, start, zone, clock) == ClockEnd::failed) return std::nullopt;
   // 9. The offset is below a day either way.
   const std::optional<std::int64_t> offset = readOffset(bytes, zone);
   if (!offset) return std::nullopt;
