@@ -325,4 +325,8 @@ std::string string(std::u32string_view scalars) {
   return toUTF8(scalars);
 }
 
+RegularExpression expression(std::string_view pattern) {
+  return RegularExpression(pattern);
+}
+
 }  // namespace tessary::PythonText

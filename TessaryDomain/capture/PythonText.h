@@ -7,6 +7,7 @@
 #include <string_view>
 #include <vector>
 
+#include "TessaryPlatform/text/RegularExpression.h"
 #include "TessaryPlatform/text/UTF8.h"
 
 /// The string methods of Python that the capture rules are written in, and `posixpath.normpath`.
@@ -112,5 +113,9 @@ template <std::size_t count>
 
 /// `"".join` of scalars. What is no Unicode scalar becomes U+FFFD.
 [[nodiscard]] std::string string(std::u32string_view scalars);
+
+/// `pattern` compiled as ICU's syntax has it, with no option set; one that does not compile matches nothing. Python's
+/// `\s` is written `spaceClass`.
+[[nodiscard]] RegularExpression expression(std::string_view pattern);
 
 }  // namespace tessary::PythonText

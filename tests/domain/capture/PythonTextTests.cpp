@@ -222,6 +222,28 @@ TEST(PythonText, WritesItsWhiteSpaceAsAClassWhoseBackslashesStand) {
             "\\x{205F}\\x{3000}]");
 }
 
+TEST(PythonText, MatchesExactlyItsWhiteSpaceByTheClass) {
+  const RegularExpression space = PythonText::expression(PythonText::spaceClass);
+  ASSERT_TRUE(space.isValid());
+  std::string text;
+  std::vector<std::size_t> spaces;
+  for (char32_t scalar = 0; scalar <= 0x10FFFF; ++scalar) {
+    if (scalar >= 0xD800 && scalar <= 0xDFFF) continue;
+    if (PythonText::isSpace(scalar)) spaces.push_back(text.size());
+    appendScalar(text, scalar);
+  }
+  const RegexFindAll found = space.findAll(text);
+  ASSERT_TRUE(found.isComplete);
+  std::vector<std::size_t> matches;
+  for (const RegexMatch& match : found.matches)
+    matches.push_back(match.range().start);
+  EXPECT_EQ(matches, spaces);
+}
+
+TEST(PythonText, FindsNothingByAPatternThatDoesNotCompile) {
+  EXPECT_FALSE(PythonText::expression("(").find(RegexSubject("(")).match);
+}
+
 TEST(PythonText, SearchesALongNeedleThatNearlyOccursEverywhere) {
   const std::string text(1'000'000, 'a');
   EXPECT_FALSE(PythonText::contains(text, std::string(300'000, 'a') + "b"));
