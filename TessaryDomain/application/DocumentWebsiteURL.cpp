@@ -5,6 +5,7 @@
 
 #include <unicode/uchar.h>
 
+#include "TessaryPlatform/addresses/PercentEncoding.h"
 #include "TessaryPlatform/text/UTF8.h"
 
 namespace tessary::DocumentWebsiteURL {
@@ -21,6 +22,12 @@ bool holdsNone(std::string_view text, std::string_view forbidden) {
   return std::ranges::none_of(ScalarView(text), [&](char32_t scalar) {
     return isSpaceOrControl(scalar) || (scalar < 0x80 && forbidden.contains(static_cast<char>(scalar)));
   });
+}
+
+/// What stands between the "//" of an address and its path, escapes undone. `text` is an address with a host.
+std::optional<std::string> writtenAuthority(std::string_view text) {
+  text.remove_prefix(text.find("//") + 2);
+  return PercentEncoding::decoded(text.substr(0, text.find_first_of("/?#")));
 }
 
 bool isWebScheme(std::string_view scheme) {
@@ -45,6 +52,10 @@ std::optional<URL> validated(std::optional<std::string_view> text) {
   // It names a host, and no escape in the name hides what other readers would end the host with.
   const auto host = url->host();
   if (!host || host->empty() || !holdsNone(*host, "\\/@?#%")) return std::nullopt;
+  // Nor does an escape hide what has no width: the name that is looked up has lost it, so it is sought where it is
+  // written.
+  const auto written = writtenAuthority(*text);
+  if (!written || !holdsNone(*written, "\\")) return std::nullopt;
   // It carries no credentials, and no user that looks like a host.
   if (url->encodedUser() || url->encodedPassword()) return std::nullopt;
   // Its port can be connected to; the type knows no port above 65,535, and reading refuses one.

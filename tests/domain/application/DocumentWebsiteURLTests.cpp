@@ -56,6 +56,39 @@ TEST(DocumentWebsiteURL, AcceptsAddressesAsTheyAreWritten) {
   }
 }
 
+/// The name that is looked up has lost the characters without width; what is written has them still.
+TEST(DocumentWebsiteURL, RefusesAHostWithEscapedSpacesAndControls) {
+  for (const std::string_view escapes : {
+           "%00",
+           "%09",
+           "%20",
+           "%7F",
+           "%C2%85",
+           "%C2%A0",
+           "%C2%AD",
+           "%E1%A0%8E",
+           "%E2%80%8B",
+           "%E2%80%8C",
+           "%E2%80%8D",
+           "%e2%80%8e",
+           "%E2%80%A8",
+           "%E2%80%AE",
+           "%E2%81%A0",
+           "%E3%80%80",
+           "%EF%BB%BF",
+           "%F3%A0%81%81",
+       }) {
+    for (const std::string_view name : {"example", "bücher", "b%C3%BCcher"}) {
+      const std::string start = "https://" + std::string(name);
+      const std::string one(escapes);
+      for (const std::string& text : {start + one + ".test/", start + one + "x.test:443", start + ".test" + one + "?q"})
+        EXPECT_EQ(validated(text), std::nullopt) << text;
+    }
+  }
+  // Behind the host they are what an address needs to say.
+  EXPECT_TRUE(validated("https://example.test/%E2%80%8B?%C2%AD#%20"));
+}
+
 struct Row {
   std::string_view text;
   std::string_view written;
@@ -74,6 +107,7 @@ TEST(DocumentWebsiteURL, AnswersWithTheFormThatIsLookedUp) {
            Row{"https://ｅxample.test/", "https://example.test/"},
            Row{"https://１２７.０.０.１/", "https://127.0.0.1/"},
            Row{"https://%65xample.test/", "https://example.test/"},
+           Row{"https://b%C3%BCcher.example./", "https://xn--bcher-kva.example./"},
            Row{"https://example.test:/", "https://example.test/"},
            Row{"https://example.test:0443/", "https://example.test:443/"},
            Row{"https://example.test/?filter[a]=b|c", "https://example.test/?filter%5Ba%5D=b%7Cc"},
