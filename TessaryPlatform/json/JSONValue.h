@@ -42,9 +42,9 @@ class JSONValue {
   JSONValue(std::nullptr_t) noexcept;
   /// No pointer turns into a Boolean.
   template <std::same_as<bool> Boolean>
-  JSONValue(Boolean value) noexcept : value_(value) {}
+  JSONValue(Boolean value) noexcept;
   template <std::signed_integral Integer>
-  JSONValue(Integer value) noexcept : value_(std::int64_t{value}) {}
+  JSONValue(Integer value) noexcept;
   JSONValue(double value) noexcept;
   JSONValue(BigInteger value) noexcept;
   JSONValue(std::string value) noexcept;
@@ -115,5 +115,12 @@ struct JSONValue::Member {
 
   bool operator==(const Member&) const = default;
 };
+
+// Behind `Member`: a constructor can destroy the value, and clang asks for the whole type where one is defined.
+template <std::same_as<bool> Boolean>
+JSONValue::JSONValue(Boolean value) noexcept : value_(value) {}
+
+template <std::signed_integral Integer>
+JSONValue::JSONValue(Integer value) noexcept : value_(std::int64_t{value}) {}
 
 }  // namespace tessary
