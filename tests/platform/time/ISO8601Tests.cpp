@@ -219,7 +219,7 @@ TEST(ISO8601, ReadsAndWritesEveryDay) {
       const int length = lengths[static_cast<std::size_t>(month - 1)] + (month == 2 && isLeap ? 1 : 0);
       for (int day = 1; day <= length; ++day, seconds += 86'400) {
         if ((year > 400 && year < 1'800) || (year > 2'200 && year < 9'900)) continue;
-        std::array<char, 32> text{};
+        std::array<char, 64> text{};
         std::snprintf(text.data(), text.size(), "%04d-%02d-%02dT00:00:00Z", year, month, day);
         const auto date = Date::fromSecondsSince1970(static_cast<double>(seconds));
         ASSERT_EQ(ISO8601::date(text.data(), Fraction::none), date) << text.data();
@@ -284,7 +284,7 @@ TEST(ISO8601, AWrittenTextIsReadAndWrittenAgainUnchanged) {
 
 TEST(ISO8601, EveryMillisecondOfASecondSurvives) {
   for (int millisecond = 0; millisecond < 1'000; ++millisecond) {
-    std::array<char, 32> text{};
+    std::array<char, 64> text{};
     std::snprintf(text.data(), text.size(), "2026-01-02T03:04:05.%03dZ", millisecond);
     const auto date = ISO8601::date(text.data(), Fraction::present);
     ASSERT_TRUE(date);
