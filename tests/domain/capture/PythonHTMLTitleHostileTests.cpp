@@ -99,8 +99,12 @@ INSTANTIATE_TEST_SUITE_P(
         // Markup that is finished, again and again.
         HostilePage{"Tags", "", "<p>", 1}, HostilePage{"SelfClosing", "", "<a/>", 2},
         HostilePage{"Comments", "", "<!-->", 0}, HostilePage{"BogusComments", "", "</1>", 0},
-        HostilePage{"NestedTags", "", "<b>x", 2}, HostilePage{"Titles", "", "<title>&lt</title>", 3},
-        HostilePage{"PassiveElements", "", "<template>", 1},
+        // A comment may end in two ways; to look for each by itself would scan all that follows for the one never used.
+        HostilePage{"UsualComments", "", "<!-- x -->", 0}, HostilePage{"OddComments", "", "<!-- x --!>", 0},
+        HostilePage{"Sections", "", "<![CDATA[x]]>", 0}, HostilePage{"Instructions", "", "<?x>", 0},
+        HostilePage{"Doctypes", "", "<!DOCTYPE>", 0}, HostilePage{"EndTags", "", "</a b='>'>", 1},
+        HostilePage{"Scripts", "", "<script></script>", 2}, HostilePage{"NestedTags", "", "<b>x", 2},
+        HostilePage{"Titles", "", "<title>&lt</title>", 3}, HostilePage{"PassiveElements", "", "<template>", 1},
         // Raw text.
         HostilePage{"OpenScript", "", "<script>", 0}, HostilePage{"OpenTitle", "", "<title>", 0},
         HostilePage{"ScriptEndCut", "<script>", "</script", 0}, HostilePage{"TitleEndCut", "<title>", "</titl", 0},
@@ -110,9 +114,9 @@ INSTANTIATE_TEST_SUITE_P(
         // References.
         HostilePage{"Ampersands", "", "&", 0},
         HostilePage{"NamesThatAreNone", "", "&CounterClockwiseContourIntegra", 0},
-        HostilePage{"OneLongName", "&", "a", 0}, HostilePage{"OneLongNumber", "&#", "9", 0},
-        HostilePage{"ReferencesInTag", "<a b='", "&lt;", 0, "'>"}, HostilePage{"VanishingReferences", "", "&#1;", 0},
-        HostilePage{"Broken", "<title>", "\x80", 0, "</title>"}),
+        HostilePage{"AmpersandsAndBlanks", "", "& ", 0}, HostilePage{"OneLongName", "&", "a", 0},
+        HostilePage{"OneLongNumber", "&#", "9", 0}, HostilePage{"ReferencesInTag", "<a b='", "&lt;", 0, "'>"},
+        HostilePage{"VanishingReferences", "", "&#1;", 0}, HostilePage{"Broken", "<title>", "\x80", 0, "</title>"}),
     [](const auto& test) { return test.param.name; });
 
 }  // namespace
