@@ -10,8 +10,7 @@ namespace tessary {
 using HTMLVector = std::vector<std::string>;
 
 /// The records of `tests/vectors/html/<name>`, which tools/html-vectors writes: one a line, fields separated by tabs,
-/// and
-/// "\{HEX}" in a field for a control character or a backslash. Empty if the file cannot be read.
+/// and "\{HEX}" in a field for a control character or a backslash. Empty if the file cannot be read.
 [[nodiscard]] std::vector<HTMLVector> readHTMLVectors(std::string_view name);
 
 }  // namespace tessary

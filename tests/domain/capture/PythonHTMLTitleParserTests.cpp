@@ -55,6 +55,8 @@ TEST(PythonHTMLTitleParser, LetsAQuoteThatIsLeftOpenRunToTheEnd) {
   // With a ">" as the last of the input.
   EXPECT_THAT(utf8Events("<a b=\"&lt;<p>", true), ElementsAre("T<a b=\"&lt;<p>"));
   EXPECT_THAT(utf8Events("<a b= 'c>", false), ElementsAre("T<a b= 'c>"));
+  EXPECT_THAT(utf8Events("<a b='c/>", true), ElementsAre("T<a b='c/>"));
+  EXPECT_THAT(utf8Events("<script b='c>", true), ElementsAre("T<script b='c>"));
   EXPECT_THAT(utf8Events("x</A b='c>", true), ElementsAre("Tx", "Ea"));
 }
 

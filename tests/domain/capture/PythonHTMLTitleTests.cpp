@@ -70,6 +70,26 @@ TEST(HTMLResourceReferences, TakeTheFirstAttributeOfAName) {
   EXPECT_THAT(resourceReferences("<img src=a src=b><img src src=c>"), ElementsAre(ResourceReference{"a", "image"}));
 }
 
+TEST(HTMLResourceReferences, HaveAnAddressThatIsNotEmptyOnceDecoded) {
+  EXPECT_THAT(resourceReferences("<img src='&#1;'><link rel=stylesheet href=&#xFFFE;>"), IsEmpty());
+  EXPECT_THAT(resourceReferences("<img src=' '><img src=&#0;>"),
+              ElementsAre(ResourceReference{" ", "image"}, ResourceReference{"\uFFFD", "image"}));
+  EXPECT_THAT(resourceReferences("<img src='' src=a>"), IsEmpty()) << "the first counts, also where it is empty";
+}
+
+TEST(HTMLResourceReferences, SeparateRelationsByPythonsWhiteSpace) {
+  for (const std::string space : {"\v", "\x1C", "\u0085", "\u00A0", "\u3000"}) {
+    const std::string html = "<link href=a rel='x" + space + "StyleSheet" + space + "y'>";
+    EXPECT_THAT(resourceReferences(html), ElementsAre(ResourceReference{"a", "css"})) << html;
+  }
+  for (const std::string other : {",", "\u180E", "\u200B", "\uFEFF"}) {
+    const std::string html = "<link href=a rel='x" + other + "stylesheet'>";
+    EXPECT_THAT(resourceReferences(html), IsEmpty()) << html;
+  }
+  EXPECT_THAT(resourceReferences("<link href=a rel='style\u017Fheet'>"), IsEmpty()) << "lower-cased, not folded";
+  EXPECT_THAT(resourceReferences("<link href=a rel rel=stylesheet>"), IsEmpty());
+}
+
 TEST(HTMLResourceReferences, InsidePassiveElementsDoNotCount) {
   for (const std::string element : {"script", "template", "noscript", "textarea"}) {
     const std::string html = "<" + element + "><img src=a></" + element + "><img src=b>";
@@ -100,6 +120,18 @@ TEST(HTMLResourceReferences, StopAtTheLimitOfStartTags) {
   EXPECT_EQ(resourceReferences(page(limit - 2)).size(), 1U);
   EXPECT_EQ(resourceReferences(page(limit - 1)).size(), 1U);
   EXPECT_EQ(resourceReferences(page(limit)).size(), 0U);
+}
+
+TEST(HTMLResourceReferences, CountStartTagsInsidePassiveElementsTowardsTheLimit) {
+  const auto page = [](std::size_t inside) {
+    std::string html = "<template>";
+    for (std::size_t count = 0; count < inside; ++count)
+      html += "<img src=a>";
+    return html + "</template><img src=b>";
+  };
+  constexpr std::size_t limit = PythonHTMLTitle::resourceReferenceTagLimit;
+  EXPECT_THAT(resourceReferences(page(limit - 2)), ElementsAre(ResourceReference{"b", "image"}));
+  EXPECT_THAT(resourceReferences(page(limit - 1)), IsEmpty());
 }
 
 }  // namespace
