@@ -46,7 +46,8 @@ bool ValueWriter::write(Date value) {
 }
 
 bool ValueWriter::writeTree(const JSONValue& value) {
-  auto written = value.append(text_, JSONStyle());
+  // Python's layout keeps a floating-point number from being read again as an integer.
+  auto written = value.append(text_, {.numbers = JSONStyle::Numbers::python});
   if (!written) error_ = std::move(written.error());
   return written.has_value();
 }
