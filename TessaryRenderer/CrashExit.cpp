@@ -3,7 +3,8 @@
 #include <array>
 #include <atomic>
 #include <csignal>
-#include <string_view>
+#include <poll.h>
+#include <sys/types.h>
 #include <unistd.h>
 
 #include "TessaryRenderer/FailureExit.h"
@@ -14,11 +15,25 @@ namespace {
 
 constexpr int crashSignals[] = {SIGSEGV, SIGBUS, SIGILL, SIGTRAP, SIGFPE, SIGABRT, SIGSYS};
 
-std::atomic<bool> outputTaken = false;
+/// The thread whose object stands or will stand on standard output; 0 while there is none.
+std::atomic<pid_t> outputOwner = 0;
+static_assert(decltype(outputOwner)::is_always_lock_free, "a signal handler uses it");
+
+/// Waits for the thread that owns the output to end the process. (`pause` is not among the calls that the sandbox lets
+/// pass.)
+[[noreturn]] void waitForTheEnd() {
+  while (true)
+    (void)::poll(nullptr, 0, -1);
+}
 
 void leave(int) {
-  // Whoever comes first speaks: the run with its result, or the first of the threads that crash.
-  if (!outputTaken.exchange(true)) FailureExit::write(RendererFailures::other);
+  const pid_t self = ::gettid();
+  pid_t owner = 0;
+  if (outputOwner.compare_exchange_strong(owner, self)) {
+    FailureExit::write(RendererFailures::other);
+  } else if (owner != self) {
+    waitForTheEnd();
+  }
   ::_exit(FailureExit::status);
 }
 
@@ -37,8 +52,9 @@ void install() {
     (void)::sigaction(signal, &action, nullptr);
 }
 
-void outputBegins() {
-  outputTaken.store(true);
+void claimOutput() {
+  pid_t owner = 0;
+  if (!outputOwner.compare_exchange_strong(owner, ::gettid()) && owner != ::gettid()) waitForTheEnd();
 }
 
 }  // namespace tessary::CrashExit

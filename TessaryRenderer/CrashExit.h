@@ -9,7 +9,9 @@ namespace tessary::CrashExit {
 /// on what is not for it.
 void install();
 
-/// Says that bytes of a result may already stand on standard output: from here on a crash adds nothing to them.
-void outputBegins();
+/// Takes standard output for the calling thread, whose object it is from here on: no crash adds to it, and one of
+/// another thread no longer ends the process. Does not return if a crash has taken it before, which ends the process.
+/// Call before the first byte is written, of a result or of a failure.
+void claimOutput();
 
 }  // namespace tessary::CrashExit

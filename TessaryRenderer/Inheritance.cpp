@@ -2,8 +2,10 @@
 
 #include <algorithm>
 #include <csignal>
+#include <cstddef>
 #include <ctime>
 #include <fcntl.h>
+#include <pthread.h>
 #include <sys/prctl.h>
 #include <sys/resource.h>
 #include <sys/time.h>
@@ -81,9 +83,20 @@ void raiseLimit(__rlimit_resource resource, rlim_t wanted) {
   (void)::setrlimit(resource, &limit);
 }
 
+/// The size of a stack, bytes, as systems usually have it: the engine measures the main thread's, and how deep a script
+/// may recurse depends on it.
+constexpr std::size_t stackBytes = 8 * 1024 * 1024;
+
+/// Gives new threads the usual stack. The C library has already taken the stack limit that the process began with for
+/// theirs, and in a small one the engine's compiler crashes.
+void settleThreadStacks() {
+  pthread_attr_t attributes;
+  if (::pthread_attr_init(&attributes) != 0) return;
+  if (::pthread_attr_setstacksize(&attributes, stackBytes) == 0) (void)::pthread_setattr_default_np(&attributes);
+  (void)::pthread_attr_destroy(&attributes);
+}
+
 void settleResourceLimits() {
-  // The usual stack: the engine measures it, and how deep a script may recurse depends on it.
-  constexpr rlim_t stackBytes = 8 * 1024 * 1024;
   raiseLimit(RLIMIT_STACK, stackBytes);
   for (const __rlimit_resource resource : {RLIMIT_AS, RLIMIT_DATA, RLIMIT_CPU, RLIMIT_NPROC})
     raiseLimit(resource, RLIM_INFINITY);
@@ -106,6 +119,7 @@ void shed() {
   stopTimers();
   settleDescriptors();
   settleResourceLimits();
+  settleThreadStacks();
   forbidCoreFiles();
 }
 

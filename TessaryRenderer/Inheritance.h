@@ -12,7 +12,8 @@ namespace tessary::Inheritance {
 /// - descriptors 0, 1 and 2 are taken: where standard input or output came closed, reading or writing them fails, and
 ///   no file that is opened later can end up in their place. Standard error leads nowhere;
 /// - no other descriptor is open;
-/// - no interval timer but the alarm runs, and soft resource limits stand where the hard ones let them;
+/// - no interval timer but the alarm runs, and soft resource limits stand where the hard ones let them,
+///   and every thread has a stack of the usual size;
 /// - no core file will be written, and no process of the same user can look inside.
 ///
 /// Call once, first, before anything has opened a descriptor; the alarm may already run.

@@ -131,6 +131,7 @@ std::expected<std::string, RendererFailure> renderedResult(int argumentCount, co
 }
 
 [[noreturn]] void fail(RendererFailure failure) {
+  CrashExit::claimOutput();
   FailureExit::write(failure);
   // Not exit: nothing that the engine or a library registered for the end may run, print, or take time.
   ::_exit(FailureExit::status);
@@ -154,7 +155,7 @@ void main(int argumentCount, const char* const* arguments, Observer observe) {
   const auto result = renderedResult(argumentCount, arguments, observe, context);
   if (!result) fail(result.error());
 
-  CrashExit::outputBegins();
+  CrashExit::claimOutput();
   if (!ByteChannels::writeWhole(STDOUT_FILENO, *result)) fail(RendererFailures::other);
   // Closing first gives the reader its end of input while the kernel still takes this process apart. A file system may
   // tell only now that it has no room.
