@@ -4,12 +4,17 @@
 #include <array>
 #include <cerrno>
 #include <csignal>
+#include <cstddef>
 #include <cstdlib>
 #include <fcntl.h>
 #include <fstream>
+#include <linux/filter.h>
+#include <linux/seccomp.h>
 #include <ostream>
 #include <poll.h>
 #include <stdexcept>
+#include <sys/prctl.h>
+#include <sys/syscall.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -50,6 +55,19 @@ std::vector<std::string> environmentOf(const ProcessStart& start) {
   return environment;
 }
 
+/// Has the kernel answer every `setpriority` of this process from here on with success, and do nothing. Where it has no
+/// filters, the priority falls. Safe after fork.
+void keepPriority() {
+  std::array<sock_filter, 4> lines{{
+      {BPF_LD | BPF_W | BPF_ABS, 0, 0, offsetof(seccomp_data, nr)},
+      {BPF_JMP | BPF_JEQ | BPF_K, 0, 1, SYS_setpriority},
+      {BPF_RET | BPF_K, 0, 0, SECCOMP_RET_ERRNO | 0},
+      {BPF_RET | BPF_K, 0, 0, SECCOMP_RET_ALLOW},
+  }};
+  const sock_fprog program{.len = lines.size(), .filter = lines.data()};
+  if (::prctl(PR_SET_NO_NEW_PRIVS, 1, 0, 0, 0) == 0) ::prctl(PR_SET_SECCOMP, SECCOMP_MODE_FILTER, &program);
+}
+
 /// Takes in what a pipe holds; closes it at its end.
 void drain(int& descriptor, std::string& into) {
   std::array<char, 65'536> bytes;
@@ -66,10 +84,12 @@ void exchange(const ProcessStart& start, pid_t child, int input, int output, int
   int heldOpen = start.withholdsEnd ? ::dup(input) : -1;
   if (rest.empty()) closeOnce(input);
   bool isTold = !start.meanwhile;
-  while (output >= 0 || errors >= 0) {
+  // A child may close both its outputs and still wait for its input.
+  while (input >= 0 || output >= 0 || errors >= 0 || !isTold) {
     if (!isTold && input < 0) {
       isTold = true;
       start.meanwhile(child);
+      continue;
     }
     std::array<pollfd, 3> waited{{{input, POLLOUT, 0}, {output, POLLIN, 0}, {errors, POLLIN, 0}}};
     if (::poll(waited.data(), waited.size(), -1) < 0) continue;
@@ -122,6 +142,7 @@ ProcessEnd runProcess(const ProcessStart& start) {
     ::dup2(input.readEnd, STDIN_FILENO);
     ::dup2(output.writeEnd, STDOUT_FILENO);
     ::dup2(errors.writeEnd, STDERR_FILENO);
+    if (!start.lowersPriority) keepPriority();
     if (start.beforeStart) start.beforeStart();
     ::execve(start.program.c_str(), argumentList.data(), environmentList.data());
     ::_exit(127);

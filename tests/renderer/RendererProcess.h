@@ -56,6 +56,10 @@ struct ProcessStart {
   std::function<void(int child)> meanwhile;
   /// Leaves standard input open, without an end, until the child is gone.
   bool withholdsEnd = false;
+  /// Lets the child lower its priority, as the renderer does first of all. Otherwise the kernel makes it believe that
+  /// it has: on a busy machine a process of the lowest priorities gets some hundredths of a second in its four seconds,
+  /// and would tell of the load instead of the code. (The child then starts with a system call filter of the test's.)
+  bool lowersPriority = false;
 };
 
 /// Runs the child to its end. Its output is read while its input is written, so that neither side waits for the other.

@@ -29,7 +29,9 @@ Answers probe(std::string_view means) {
                                      .input = "",
                                      .environment = {},
                                      .beforeStart = {},
-                                     .meanwhile = {}});
+                                     .meanwhile = {},
+                                     // No filter but its own.
+                                     .lowersPriority = true});
   EXPECT_EQ(end.status, 0) << end.output;
   Answers answers;
   std::istringstream lines(end.output);
