@@ -19,7 +19,7 @@ inline constexpr std::size_t maximumBytes = 2'048;
 ///
 /// Control characters are the categories Cc and Cf of Unicode: also those without width, among them the ones that turn
 /// the direction of writing, by which an address can be made to look like another one. An address that needs one in
-/// its path can be written with its escapes.
+/// its path can be written with its escapes; a host cannot.
 ///
 /// The answer is in the form of `URL`, so its text is ASCII, with a Unicode host as the name that is looked up
 /// ("https://bücher.example" is "https://xn--bcher-kva.example"), and can be longer than `maximumBytes`. Letter case,
