@@ -25,8 +25,7 @@ RegexSubject::RegexSubject(std::string_view text) : text_(text) {
   std::size_t unit = 0;
   const ScalarView scalars(text);
   for (auto scalar = scalars.begin(); scalar != scalars.end(); ++scalar) {
-    if (unit >= checkpoints_.size() * checkpointDistance)
-      checkpoints_.push_back({static_cast<std::uint32_t>(unit), static_cast<std::uint32_t>(scalar.position())});
+    if (unit >= checkpoints_.size() * checkpointDistance) checkpoints_.push_back({unit, scalar.position()});
     unit += unitCount(*scalar);
   }
 }

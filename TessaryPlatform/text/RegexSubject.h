@@ -1,7 +1,6 @@
 #pragma once
 
 #include <cstddef>
-#include <cstdint>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -44,8 +43,8 @@ class RegexSubject {
   /// A scalar's beginning in both forms. There is one for every `checkpointDistance` units, the first at or behind
   /// each, and none in ASCII text, where both numbers are the same.
   struct Checkpoint {
-    std::uint32_t unit;
-    std::uint32_t byte;
+    std::size_t unit;
+    std::size_t byte;
   };
   static constexpr std::size_t checkpointDistance = 64;
 

@@ -84,6 +84,7 @@ RegularExpression::RegularExpression(std::string_view pattern, Options options) 
   UErrorCode status = U_ZERO_ERROR;
   UParseError error{};
   const std::u16string units = toUTF16(pattern);
+  if (units.size() > mostUnits) return;
   std::unique_ptr<const icu::RegexPattern> compiled(
       icu::RegexPattern::compile(alias(units), flags(options), error, status));
   if (U_FAILURE(status) || !compiled) return;
@@ -106,8 +107,8 @@ std::unique_ptr<icu::RegexMatcher> RegularExpression::matcher(const icu::Unicode
   return U_SUCCESS(status) ? std::move(matcher) : nullptr;
 }
 
-RegexFind RegularExpression::first(const RegexSubject& subject, auto match) const {
-  if (!isValid()) return {};
+RegexFind RegularExpression::first(const RegexSubject& subject, std::size_t from, auto match) const {
+  if (!isValid() || from > subject.text().size()) return {};
   if (subject.units().size() > mostUnits) return {std::nullopt, false};
   const icu::UnicodeString units = alias(subject.units());
   const std::unique_ptr<icu::RegexMatcher> run = matcher(units);
@@ -120,19 +121,19 @@ RegexFind RegularExpression::first(const RegexSubject& subject, auto match) cons
 
 RegexFind RegularExpression::find(const RegexSubject& subject, std::size_t from) const {
   const auto start = static_cast<int64_t>(subject.unitOffset(from));
-  return first(subject, [&](icu::RegexMatcher& run, UErrorCode& status) { return run.find(start, status); });
+  return first(subject, from, [&](icu::RegexMatcher& run, UErrorCode& status) { return run.find(start, status); });
 }
 
 RegexFind RegularExpression::matchPrefix(const RegexSubject& subject, std::size_t from) const {
   const auto start = static_cast<int64_t>(subject.unitOffset(from));
   const auto end = static_cast<int64_t>(subject.units().size());
-  return first(subject, [&](icu::RegexMatcher& run, UErrorCode& status) {
+  return first(subject, from, [&](icu::RegexMatcher& run, UErrorCode& status) {
     return run.region(start, end, status).lookingAt(status);
   });
 }
 
 RegexFind RegularExpression::matchWhole(const RegexSubject& subject) const {
-  return first(subject, [](icu::RegexMatcher& run, UErrorCode& status) { return run.matches(status); });
+  return first(subject, 0, [](icu::RegexMatcher& run, UErrorCode& status) { return run.matches(status); });
 }
 
 RegexFindAll RegularExpression::findAll(const RegexSubject& subject, std::size_t limit) const {

@@ -61,7 +61,9 @@ struct RegexReplacement {
 ///
 /// ICU matches by backtracking, so a bad expression over hostile text can take exponential time and any amount of
 /// memory. Both are bounded, memory by ICU's own limit and time by `stepsPerUnit` and `leastSteps`, and reaching a
-/// bound shows in `isComplete`, as it does for text of more than 2^31 - 1 units, which ICU cannot number.
+/// bound shows in `isComplete`, as it does for text of more than 2^31 - 1 units, which ICU cannot number. What is
+/// counted is places to come back to, not the text read between them: one step may read as far as a back-reference to
+/// a long group or a run that it repeats goes. So an expression with such a group is not for outside text.
 ///
 ///   static const RegularExpression key(R"((\w+)=(\S*))");
 ///   const RegexSubject subject(line);
@@ -78,9 +80,9 @@ class RegularExpression {
   };
 
   /// How often a match operation may save a place to come back to, for each UTF-16 unit of the text and at least.
-  /// ICU counts in rounds of ten thousand; ten million take a tenth of a second or more.
+  /// ICU counts in rounds of ten thousand; ten million take from a tenth of a second to half of one.
   static constexpr std::size_t stepsPerUnit = 100;
-  static constexpr std::size_t leastSteps = 30'000'000;
+  static constexpr std::size_t leastSteps = 10'000'000;
 
   explicit RegularExpression(std::string_view pattern, Options options = noOptions);
   RegularExpression(RegularExpression&&) noexcept;
@@ -92,8 +94,8 @@ class RegularExpression {
   /// How many capture groups the pattern has; 0 when it did not compile.
   [[nodiscard]] std::size_t groupCount() const { return groupCount_; }
 
-  /// The first match that begins at byte `from` or behind it. What stands before `from` is seen by look-behind, and
-  /// "^" is the beginning of the text.
+  /// The first match that begins at byte `from` or behind it; behind the text's end there is none, not even an empty
+  /// one. What stands before `from` is seen by look-behind, and "^" is the beginning of the text.
   [[nodiscard]] RegexFind find(const RegexSubject& subject, std::size_t from = 0) const;
 
   /// The match that begins exactly at byte `from`, which "^", "\b" and "\A" take for the beginning of the text. ICU's
@@ -117,7 +119,7 @@ class RegularExpression {
 
  private:
   std::unique_ptr<icu::RegexMatcher> matcher(const icu::UnicodeString& units) const;
-  RegexFind first(const RegexSubject& subject, auto match) const;
+  RegexFind first(const RegexSubject& subject, std::size_t from, auto match) const;
 
   std::unique_ptr<const icu::RegexPattern> pattern_;
   std::size_t groupCount_ = 0;
