@@ -11,7 +11,7 @@ namespace tessary {
 
 /// The transform "Latin-ASCII" of ICU and CLDR: Latin letters lose their marks or are spelled out ("ß" becomes "ss"),
 /// typographic marks become plain ones, and all else stays. A broken sequence becomes U+FFFD. Absent where ICU has no
-/// such transform. Meant for words, not for documents: texts are transformed one at a time.
+/// such transform. One text is transformed at a time, whatever the thread.
 [[nodiscard]] std::optional<std::string> latinToASCII(std::string_view text);
 
 }  // namespace tessary

@@ -1,10 +1,13 @@
+#include <random>
 #include <string>
+#include <vector>
 
 #include <gtest/gtest.h>
 #include <unicode/locid.h>
 #include <unicode/unistr.h>
 
 #include "TessaryPlatform/text/Casing.h"
+#include "TessaryPlatform/text/TextPieces.h"
 #include "TessaryPlatform/text/UTF8.h"
 
 namespace tessary {
@@ -44,6 +47,39 @@ TEST(Casing, TellsASigmaAtTheEndOfAWordFromOthers) {
   EXPECT_EQ(lowercased("\u03A3"), "\u03C3");
   EXPECT_EQ(lowercased("A\u03A3.B"), "a\u03C3.b") << "a full stop between is passed over";
   EXPECT_EQ(lowercased("A\u03A3-B"), "a\u03C2-b");
+}
+
+/// Words with a sigma, of lengths on both sides of what ASCII paths take at once.
+TEST(Casing, SeesAWordsLettersHoweverFarFromTheSigma) {
+  for (std::size_t letters = 0; letters < 20; ++letters) {
+    for (std::size_t stops = 0; stops < 20; ++stops) {
+      const std::string upper(letters, 'A'), lower(letters, 'a'), between(stops, '.');
+      EXPECT_EQ(lowercased(upper + between + "\u03A3"), lower + between + (letters == 0 ? "\u03C3" : "\u03C2"));
+      EXPECT_EQ(lowercased(upper + "\u03A3" + between + "B"), lower + "\u03C3" + between + "b");
+    }
+  }
+}
+
+TEST(Casing, InPiecesIsCasingOfTheWhole) {
+  const std::vector<std::string> alphabet = {"A",      "b",      " ",      "-",      ".",         "'",
+                                             "\u03A3", "\u03A3", "\u0301", "\u0130", "\u02B0",    "\u00AD",
+                                             "\u4E2D", "\u0345", "\xFF",   "ABCD",   "\U00010400"};
+  std::mt19937 random(31);
+  for (int round = 0; round < 10'000; ++round) {
+    std::string text;
+    for (std::size_t pieces = random() % 24; pieces > 0; --pieces)
+      text += alphabet[random() % alphabet.size()];
+    const std::size_t least = 1 + random() % 16;
+    ASSERT_EQ(lowercasedInPieces(text, {.least = least, .most = 1000}), loweredByICU(text))
+        << testing::PrintToString(text) << " by " << least;
+  }
+}
+
+TEST(Casing, CutsAWordOnlyWhenItIsLongerThanAPieceMayBe) {
+  const PieceSize size{.least = 4, .most = 8};
+  EXPECT_EQ(lowercasedInPieces("\u03A3\u03A3\u03A3\u03A3", size), "\u03C3\u03C3\u03C3\u03C2");
+  EXPECT_EQ(lowercasedInPieces("\u03A3\u03A3\u03A3\u03A3\u03A3", size), "\u03C3\u03C3\u03C3\u03C2\u03C3");
+  EXPECT_EQ(lowercasedInPieces("\u03A3\u03A3\u03A3 \u03A3\u03A3\u03A3", size), "\u03C3\u03C3\u03C2 \u03C3\u03C3\u03C2");
 }
 
 TEST(Casing, ReadsBrokenSequencesAsReplacementCharacters) {
