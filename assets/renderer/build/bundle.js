@@ -2,8 +2,10 @@
  * esbuild, set up for the three kinds of script that renderer.js is made of.
  */
 
+import { readFile } from 'node:fs/promises';
 import { join } from 'node:path';
 import * as esbuild from 'esbuild';
+import { withLazyModes } from './lazyHighlighter.js';
 
 const COMMON = {
   bundle: true,
@@ -37,11 +39,20 @@ const sharedEntities = (root) => ({
   },
 });
 
+const lazyHighlighter = {
+  name: 'lazy-highlighter',
+  setup(build) {
+    build.onLoad({ filter: /highlight\.js\/lib\/core\.js$/ }, async ({ path }) => ({
+      contents: withLazyModes(await readFile(path, 'utf8')),
+    }));
+  },
+};
+
 function substitutes(root) {
   const alias = Object.fromEntries(Object.entries(SHIMS).map(([name, path]) => [name, join(root, path)]));
   // The package's entry draws in its parser, its tree and more; the tokenizer stands alone.
   alias.htmlparser2 = join(root, 'src/shims/tokenizerOnly.js');
-  return { alias, plugins: [sharedEntities(root)] };
+  return { alias, plugins: [sharedEntities(root), lazyHighlighter] };
 }
 
 async function script(root, options, inputs) {

@@ -13,43 +13,17 @@ hljs.configure({ __emitter: RunEmitter });
 function ensureGrammar(name) {
   if (hljs.getLanguage(name)) return;
   const grammar = loadPart(`language/${name}`);
-  if (grammar !== undefined) hljs.registerLanguage(name, (highlighter) => withEmbedded(grammar.default(highlighter)));
+  if (grammar !== undefined) hljs.registerLanguage(name, grammar.default);
 }
 
-/**
- * Makes a grammar ask for the grammars it embeds (style sheets in HTML, say) only when it meets such a passage: what
- * it calls by name becomes a property that takes the other grammar in when it is read.
- */
-function withEmbedded(grammar) {
-  const seen = new Set();
-  const left = [grammar];
-  while (left.length > 0) {
-    const mode = left.pop();
-    if (typeof mode !== 'object' || mode === null || mode instanceof RegExp || seen.has(mode)) continue;
-    seen.add(mode);
-    if (mode.subLanguage !== undefined) deferEmbedded(mode);
-    for (const key of ['contains', 'variants', 'starts']) {
-      if (Array.isArray(mode[key])) left.push(...mode[key]);
-      else left.push(mode[key]);
-    }
-  }
-  return grammar;
-}
-
-function deferEmbedded(mode) {
-  const names = mode.subLanguage;
-  // An open choice would try every grammar there is.
-  const isOpenChoice = Array.isArray(names) && names.length === 0;
-  Object.defineProperty(mode, 'subLanguage', {
-    enumerable: true,
-    configurable: true,
-    get() {
-      if (isOpenChoice) return undefined;
-      for (const name of Array.isArray(names) ? names : [names]) ensureGrammar(name);
-      return names;
-    },
-  });
-}
+// The grammars that a grammar embeds (style sheets in HTML, say) are taken in when it meets such a passage. An open
+// choice would try every grammar there is.
+hljs.setEmbedded((names) => {
+  if (names === undefined || names === null || names.length === 0) return false;
+  if (typeof names === 'string') ensureGrammar(names);
+  else names.forEach(ensureGrammar);
+  return true;
+});
 
 // Between two windows of a text. The writer replaces this character, so no document needs it.
 const MARK = '\x02';
