@@ -96,9 +96,16 @@ std::optional<JSONSyntaxError> findJSONFault(std::string_view text) {
   }
   const JSONTokensUpToFault tokens = indexedUpToFault(text);
   JSONCursor cursor(text, tokens.positions.data(), tokens.positions.data() + tokens.positions.size() - 1);
-  if (cursor.skipValue() && cursor.finish()) return std::nullopt;
-  // Where the walk came as far as the index, it is the fault that ended the index that stands first.
-  return cursor.isAtEnd() && tokens.fault ? tokens.fault : cursor.fault();
+  if (cursor.skipValue() && cursor.finish()) {
+    // The index may have ended early, at a text behind the value on top.
+    return tokens.fault.transform(
+        [&](const auto&) { return JSONSyntaxError{Reason::trailingContent, cursor.position()}; });
+  }
+  // Where the walk came as far as the index and a text may stand there, it is the fault within that text that counts;
+  // anywhere else the text is out of place whatever it holds.
+  const Reason reason = cursor.fault().reason;
+  const bool mayBeText = reason == Reason::expectedValue || reason == Reason::expectedKey;
+  return cursor.isAtEnd() && mayBeText && tokens.fault ? tokens.fault : cursor.fault();
 }
 
 }  // namespace tessary

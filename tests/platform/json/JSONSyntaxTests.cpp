@@ -213,6 +213,16 @@ TEST(JSONSyntax, TellsWhatIsWrongAndWhere) {
       {"[\"\\x\", \"\n", Reason::invalidEscape, 2},
       {"[01, \"abc", Reason::malformedNumber, 1},
       {"[\"\n\", 01]", Reason::controlCharacter, 2},
+      // A text that breaks off or holds a control character where no text may stand.
+      {"{} \"", Reason::trailingContent, 3},
+      {"[]\"a\n\"", Reason::trailingContent, 2},
+      {"1 \"\\", Reason::trailingContent, 2},
+      {"\"a\" \"b", Reason::trailingContent, 4},
+      {"[1 \"a", Reason::expectedCommaOrEnd, 3},
+      {"{\"a\" \"\n\"}", Reason::expectedColon, 5},
+      {"{\"a\":1 \"b", Reason::expectedCommaOrEnd, 7},
+      {"{\"a\":1,\"b", Reason::unclosedText, 7},
+      {"{\"a\":\"\x02\"}", Reason::controlCharacter, 6},
   };
   for (std::size_t row = 0; row < rows.size(); ++row) {
     const auto& [text, reason, position] = rows[row];
