@@ -8,10 +8,12 @@
 
 #include "TessaryPlatform/text/Casing.h"
 #include "TessaryPlatform/text/Normalization.h"
+#include "TessaryPlatform/text/TextPieces.h"
 #include "TessaryPlatform/text/UTF8.h"
 #include "TessaryPlatform/text/WhiteSpace.h"
 
-// Any bytes: every road between the encodings gives the same text, in both directions, and agrees with ICU.
+// Any bytes: every road between the encodings gives the same text, in both directions, and agrees with ICU; and what
+// ICU is handed in pieces becomes what the whole would.
 
 namespace {
 
@@ -48,6 +50,10 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   require(tessary::isWellFormedUTF8(tessary::lowercased(text)));
   const std::string normalized = tessary::normalizedToFormC(text);
   require(tessary::normalizedToFormC(normalized) == normalized);
+  constexpr tessary::PieceSize smallPieces{.least = 3, .most = std::size_t{1} << 28};
+  require(tessary::lowercasedInPieces(text, smallPieces) == tessary::lowercased(text));
+  require(tessary::normalizedToFormCInPieces(text, smallPieces) == normalized);
+  require(tessary::latinToASCIIInPieces(text, smallPieces) == tessary::latinToASCII(text));
   require(tessary::trimmed(text, tessary::isWhiteSpace).size() <= size);
   return 0;
 }
