@@ -40,7 +40,9 @@ struct JSONNumber {
 /// so:
 ///
 ///     cursor.enter();
-///     for (bool more = !cursor.leaveIfEmpty(); more; more = …) { read the value; if (!cursor.leaveOrContinue(more)) …
+///     for (bool more = !cursor.leaveIfEmpty(']'); more;) {
+///       … read the value …
+///       if (!cursor.continueOrLeave(']', more)) return false;
 ///     }
 ///
 /// The operations of the road that every value takes are inline; the token index makes them short.
@@ -127,6 +129,12 @@ class JSONCursor {
   [[nodiscard]] bool readKey(std::string_view& value, std::string& storage) {
     if (peek() != '"') return fail(JSONSyntaxError::Reason::expectedKey);
     return readText(value, storage) && skipColon();
+  }
+
+  /// Where the tokens end before the opening quote of a broken text: holds its escapes before byte `end` to the
+  /// grammar.
+  [[nodiscard]] bool checkEscapes(std::size_t end) {
+    return unescape(text_.substr(*token_ + 1, end - *token_ - 1), nullptr);
   }
 
   /// Behind the value on top: true if nothing follows.

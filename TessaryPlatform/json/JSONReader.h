@@ -23,13 +23,6 @@ class JSONReader {
   JSONReader(const JSONTokens& tokens, const JSONCoder& coder) : cursor_(tokens), text_(tokens.text()), coder_(coder) {}
 
   [[nodiscard]] JSONCursor& cursor() { return cursor_; }
-  [[nodiscard]] const JSONCoder& coder() const { return coder_; }
-
-  /// Whether the value is null, which is then stepped over: `isNull` is set. False if it begins like null and is not.
-  [[nodiscard]] bool takeNull(bool& isNull) {
-    isNull = cursor_.peek() == 'n';
-    return !isNull || cursor_.skipNull();
-  }
 
   [[nodiscard]] bool read(bool& value);
   [[nodiscard]] bool read(std::int32_t& value);

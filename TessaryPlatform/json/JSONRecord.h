@@ -73,8 +73,9 @@ template <class T>
   return value;
 }
 
-/// The text of `value`: compact, keys in the order of the tables, numbers as ECMAScript lays them out, malformed UTF-8
-/// in texts as U+FFFD. An infinite or undefined number or date is an error.
+/// The text of `value`: compact, keys in the order of the tables, numbers as ECMAScript lays them out, but in a
+/// JSONValue as Python does, so that 1.0 stays apart from 1; malformed UTF-8 in texts as U+FFFD. An infinite or
+/// undefined number or date is an error.
 template <class T>
 [[nodiscard]] std::expected<std::string, JSONEncodingError> writeJSON(const T& value, const JSONCoder& coder = {}) {
   std::expected<std::string, JSONEncodingError> text;

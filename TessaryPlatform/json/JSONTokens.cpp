@@ -105,7 +105,12 @@ std::optional<JSONSyntaxError> findJSONFault(std::string_view text) {
   // anywhere else the text is out of place whatever it holds.
   const Reason reason = cursor.fault().reason;
   const bool mayBeText = reason == Reason::expectedValue || reason == Reason::expectedKey;
-  return cursor.isAtEnd() && mayBeText && tokens.fault ? tokens.fault : cursor.fault();
+  if (!cursor.isAtEnd() || !mayBeText || !tokens.fault) return cursor.fault();
+  // A bad escape may stand before the control character that breaks the text.
+  if (tokens.fault->reason != Reason::controlCharacter || cursor.checkEscapes(tokens.fault->position)) {
+    return tokens.fault;
+  }
+  return cursor.fault();
 }
 
 }  // namespace tessary

@@ -113,7 +113,11 @@ const JSONValue* JSONValue::find(std::string_view key) const noexcept {
 }
 
 void JSONValue::set(std::string_view key, JSONValue value) {
-  if (object() == nullptr) *this = Object{};
+  // `key` may be the text that this value is, which ends here, so it is copied first.
+  if (object() == nullptr) {
+    *this = Object{{std::string(key), std::move(value)}};
+    return;
+  }
   const auto found = std::ranges::find(*object(), key, &Member::key);
   if (found == object()->end()) {
     object()->push_back({std::string(key), std::move(value)});

@@ -223,6 +223,11 @@ TEST(JSONSyntax, TellsWhatIsWrongAndWhere) {
       {"{\"a\":1 \"b", Reason::expectedCommaOrEnd, 7},
       {"{\"a\":1,\"b", Reason::unclosedText, 7},
       {"{\"a\":\"\x02\"}", Reason::controlCharacter, 6},
+      // A bad escape before a control character in the same text is the earlier fault, one behind it is not.
+      {"[\"\\x\n\"]", Reason::invalidEscape, 2},
+      {"[\"\\u12\n\"]", Reason::invalidEscape, 2},
+      {"{\"\\ud800\n\":1}", Reason::loneSurrogate, 2},
+      {"[\"\n\\x\"]", Reason::controlCharacter, 2},
   };
   for (std::size_t row = 0; row < rows.size(); ++row) {
     const auto& [text, reason, position] = rows[row];

@@ -206,5 +206,13 @@ TEST(JSONValue, ANumberThatIsNoneFailsTheWritingWithItsPath) {
   EXPECT_EQ(parsed("1e999").text().error(), (JSONEncodingError{JSONEncodingError::Kind::nonFiniteNumber, {}}));
 }
 
+TEST(JSONValue, TheTextThatAValueIsMayNameItsFirstMember) {
+  // Long enough to stand on the heap, where a sanitizer sees it go.
+  const std::string key(100, 'k');
+  JSONValue value(key);
+  value.set(*value.string(), 1);
+  EXPECT_EQ(value, JSONValue(JSONValue::Object{{key, 1}}));
+}
+
 }  // namespace
 }  // namespace tessary
