@@ -305,7 +305,9 @@ bool equal(std::string_view a, std::string_view b) noexcept {
 
 bool contains(std::string_view text, std::string_view needle) noexcept {
   // Not `find`, which is quadratic on a long needle that nearly matches everywhere.
-  return needle.empty() || memmem(text.data(), text.size(), needle.data(), needle.size()) != nullptr;
+  if (needle.empty()) return true;
+  // An empty text may have no bytes to point to, which `memmem` must not be given.
+  return !text.empty() && memmem(text.data(), text.size(), needle.data(), needle.size()) != nullptr;
 }
 
 bool contains(std::u32string_view scalars, std::u32string_view needle) noexcept {

@@ -20,7 +20,8 @@
 /// the answer, so none of them may be given a temporary whose answer is kept.
 ///
 /// Any bytes are taken. A maximal ill-formed subpart counts as one scalar that is neither white space nor a line end
-/// nor in any table; its bytes are kept in whatever comes out, and it is equal only to the same bytes.
+/// nor in any table; its bytes are kept in whatever comes out, and it is equal only to the same bytes. What is looked
+/// for in a text is compared byte by byte, so that an ill-formed prefix, suffix or needle may match a part of a scalar.
 namespace tessary::PythonText {
 
 /// A regular-expression character class, in ICU's syntax, of exactly the scalars for which `isSpace` holds: what

@@ -110,6 +110,11 @@ TEST(PythonISOTimestamp, TakesMidnightAsTheStartOfTheNextDay) {
   EXPECT_EQ(microseconds("9999-12-31T24:00:00+00:00"), std::nullopt);
   EXPECT_EQ(microseconds("9999-12-30T24:00:00+00:00"), microseconds("9999-12-31T00:00:00+00:00"));
   EXPECT_EQ(microseconds("0000-06-01T24:00:00+00:00"), std::nullopt);
+  // Calendar and year are asked about the day that midnight begins.
+  EXPECT_EQ(microseconds("0000-12-31T24:00:00+00:00"), microseconds("0001-01-01T00:00:00+00:00"));
+  EXPECT_EQ(microseconds("2024-01-00T24:00Z"), microseconds("2024-01-01T00:00Z"));
+  EXPECT_EQ(microseconds("2024-00-00T24:00Z"), std::nullopt);
+  EXPECT_EQ(microseconds("9999-W52-5T24:00Z"), std::nullopt);
 }
 
 TEST(PythonISOTimestamp, CutsAFractionAfterSixDigits) {
