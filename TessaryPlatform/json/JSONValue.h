@@ -45,6 +45,10 @@ class JSONValue {
   JSONValue(Boolean value) noexcept;
   template <std::signed_integral Integer>
   JSONValue(Integer value) noexcept;
+  /// An unsigned integer would turn into a floating-point number unseen; the caller says which signed one it means.
+  template <std::unsigned_integral Integer>
+    requires(!std::same_as<Integer, bool>)
+  JSONValue(Integer value) = delete;
   JSONValue(double value) noexcept;
   JSONValue(BigInteger value) noexcept;
   JSONValue(std::string value) noexcept;
