@@ -3,9 +3,9 @@
 include(CMakePackageConfigHelpers)
 
 install(TARGETS TessaryRenderer RUNTIME DESTINATION "${CMAKE_INSTALL_BINDIR}")
-install(TARGETS TessaryPlatform TessaryDomain EXPORT TessaryTargets
+install(TARGETS TessaryPlatform TessaryLocalization TessaryDomain EXPORT TessaryTargets
   ARCHIVE DESTINATION "${CMAKE_INSTALL_LIBDIR}")
-install(DIRECTORY TessaryPlatform TessaryDomain DESTINATION "${CMAKE_INSTALL_INCLUDEDIR}"
+install(DIRECTORY TessaryPlatform TessaryLocalization TessaryDomain DESTINATION "${CMAKE_INSTALL_INCLUDEDIR}"
   FILES_MATCHING PATTERN "*.h")
 install(EXPORT TessaryTargets NAMESPACE Tessary:: DESTINATION "${CMAKE_INSTALL_LIBDIR}/cmake/Tessary")
 configure_package_config_file(cmake/TessaryConfig.cmake.in "${PROJECT_BINARY_DIR}/TessaryConfig.cmake"
