@@ -48,8 +48,9 @@ constexpr std::uint32_t allowed[] = {
     SYS_sched_yield, SYS_sched_getaffinity, SYS_sched_setscheduler, SYS_sched_getscheduler, SYS_sched_getparam,
     SYS_sched_setparam, SYS_sched_get_priority_max, SYS_sched_get_priority_min, SYS_gettid, SYS_getpid,
     SYS_set_robust_list, SYS_rseq, SYS_exit, SYS_exit_group, SYS_restart_syscall, SYS_getcpu,
-    // Signals: the engine stops its own threads with one.
-    SYS_rt_sigprocmask, SYS_rt_sigaction, SYS_rt_sigreturn, SYS_sigaltstack, SYS_alarm,
+    // Signals: the engine stops its own threads with one, and they wait in its handler until they may go on. A thread
+    // whose wait were refused would run on while its stack is searched, and lose what it alone holds.
+    SYS_rt_sigprocmask, SYS_rt_sigaction, SYS_rt_sigreturn, SYS_rt_sigsuspend, SYS_sigaltstack, SYS_alarm,
     // Descriptors that are open.
     SYS_read, SYS_write, SYS_close, SYS_pread64, SYS_lseek, SYS_poll, SYS_ppoll, SYS_fstat,
     // Time and random numbers.

@@ -80,6 +80,24 @@ long startProgram(const std::string& path) {
   return WIFEXITED(state) && WEXITSTATUS(state) == 100 ? -1 : 0;
 }
 
+/// Waits for a signal that is pending already, as a thread does that the engine's collector holds still.
+long waitForSignal() {
+  sigset_t blocked;
+  sigemptyset(&blocked);
+  sigaddset(&blocked, SIGUSR2);
+  sigset_t before;
+  ::pthread_sigmask(SIG_BLOCK, &blocked, &before);
+  ::signal(SIGUSR2, [](int) {});
+  ::raise(SIGUSR2);
+  sigset_t waiting = before;
+  sigdelset(&waiting, SIGUSR2);
+  ::sigsuspend(&waiting);
+  const int error = errno;
+  ::pthread_sigmask(SIG_SETMASK, &before, nullptr);
+  errno = error;
+  return error == EINTR ? 0 : -1;
+}
+
 std::vector<NamedAttempt> attemptsIn(const std::string& folder) {
   const std::string file = folder + "/file";
   return {
@@ -145,6 +163,7 @@ std::vector<NamedAttempt> attemptsIn(const std::string& folder) {
          return pages == MAP_FAILED ? -1L : static_cast<long>(::munmap(pages, 1 << 20));
        }},
       {"signal-self", [] { return ::syscall(SYS_tgkill, ::getpid(), ::gettid(), 0); }},
+      {"wait-for-signal", waitForSignal},
       // Last, since a traced process stops at its next signal.
       {"be-traced", [] { return ::ptrace(PTRACE_TRACEME, 0, nullptr, nullptr); }},
   };

@@ -53,7 +53,8 @@ const std::vector<std::string> fileAttempts = {"read-file", "write-file", "creat
 const std::vector<std::string> otherAttempts = {
     "new-process", "local-socket", "internet-socket", "be-traced",   "read-memory", "signal-parent", "kill-parent",
     "memory-file", "pipe",         "stat-file",       "raise-limit", "unshare",     "dumpable"};
-const std::vector<std::string> neededAttempts = {"own-thread", "map-memory", "signal-self", "script"};
+const std::vector<std::string> neededAttempts = {"own-thread", "map-memory", "signal-self", "wait-for-signal",
+                                                 "script"};
 
 TEST(SandboxProbe, CanDoEverythingOutsideTheSandbox) {
   // The control: an attempt that fails here as well would prove nothing below.
