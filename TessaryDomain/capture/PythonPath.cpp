@@ -44,8 +44,22 @@ std::string_view PythonPath::name() const& noexcept {
   return tail_.empty() ? std::string_view() : std::string_view(tail_.back());
 }
 
+std::string_view PythonPath::nameOf(std::string_view text) noexcept {
+  for (std::size_t end = text.size(); end > 0;) {
+    const std::size_t slash = text.rfind('/', end - 1);
+    const std::size_t start = slash == std::string_view::npos ? 0 : slash + 1;
+    const std::string_view piece = text.substr(start, end - start);
+    if (!piece.empty() && piece != ".") return piece;
+    end = start == 0 ? 0 : slash;
+  }
+  return {};
+}
+
 std::string_view PythonPath::suffix() const& noexcept {
-  const std::string_view name = this->name();
+  return suffixOf(name());
+}
+
+std::string_view PythonPath::suffixOf(std::string_view name) noexcept {
   const std::size_t stemStart = std::min(name.find_first_not_of('.'), name.size());
   const std::size_t dot = name.rfind('.');
   // A dot of the run at the start hides a file and begins no suffix; a lone dot at the end does.

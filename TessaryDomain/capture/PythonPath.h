@@ -26,6 +26,13 @@ class PythonPath {
   /// root, further slashes included: "///a" gives "/" and "//a". Views into the text, or of static text.
   [[nodiscard]] static Split splitRoot(std::string_view text) noexcept;
 
+  /// The name of `PythonPath(text)`, without the parsing: a view into the text. For who asks nothing else of many
+  /// paths.
+  [[nodiscard]] static std::string_view nameOf(std::string_view text) noexcept;
+
+  /// The suffix of a path with this name: a view into it.
+  [[nodiscard]] static std::string_view suffixOf(std::string_view name) noexcept;
+
   /// Parses any text; empty components and "." are dropped.
   explicit PythonPath(std::string_view text);
 

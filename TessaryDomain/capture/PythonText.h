@@ -62,6 +62,11 @@ inline constexpr std::string_view spaceClass =
 /// Greek and Cyrillic capitals, are not folded. Do not use it where both sides may be outside ASCII.
 [[nodiscard]] std::string casefold(std::string_view text);
 
+/// The same without an allocation for ASCII text without capitals, which is most names: the answer is then `text`
+/// itself, else a view into `storage`, which is overwritten. Both must outlive the answer, and `text` must not lie in
+/// `storage`.
+[[nodiscard]] std::string_view casefold(std::string_view text, std::string& storage);
+
 /// `posixpath.normpath`: the path without empty components and ".", each ".." taken together with the component
 /// before it, without asking the file system. Exactly two leading slashes stay, more become one; "" gives ".".
 [[nodiscard]] std::string normpath(std::string_view text);

@@ -33,6 +33,8 @@ void checkPieces(std::string_view text) {
   require(joined == text);
   const std::string folded = PythonText::casefold(text);
   require(PythonText::casefold(folded) == folded);
+  std::string storage;
+  require(PythonText::casefold(text, storage) == folded);
 }
 
 void checkPaths(std::string_view text) {
@@ -46,6 +48,7 @@ void checkPaths(std::string_view text) {
   require(PythonPath(path.string()) == path);
   require(path.contains(path) && !path.isParent(path));
   require(path.name().ends_with(path.suffix()));
+  require(PythonPath::nameOf(text) == path.name());
   const PythonPath parent = path.parent();
   require(parent.contains(path));
   if (!path.tail().empty()) require(parent.isParent(path) && parent.appending(path.name()) == path);

@@ -37,6 +37,7 @@ TEST(PythonPath, AnswersAsCPythonDoesForOnePath) {
       EXPECT_EQ(path.string(), vector.fields.at(2));
       EXPECT_EQ(path.parts(), vector.list(index));
       EXPECT_EQ(path.name(), vector.fields.at(index));
+      EXPECT_EQ(PythonPath::nameOf(vector.fields.at(1)), vector.fields.at(index));
       EXPECT_EQ(path.suffix(), vector.fields.at(index + 1));
       EXPECT_EQ(path.parent().string(), vector.fields.at(index + 2));
       EXPECT_EQ(parentTexts(path), vector.list(index += 3));
@@ -141,6 +142,12 @@ TEST(PythonPath, GivesItsOwnTextOutOfATemporary) {
   EXPECT_EQ(name, "a-name-too-long-to-be-held-inside-the-string.markdown");
   const std::string suffix = PythonPath("/a.a-suffix-too-long-to-be-held-inside-the-string").suffix();
   EXPECT_EQ(suffix, ".a-suffix-too-long-to-be-held-inside-the-string");
+}
+
+TEST(PythonPath, FindsTheNameOfATextWithoutParsingIt) {
+  for (const std::string text :
+       {"", "/", "//", "///", ".", "./.", "a", "a/", "a/.", "a//./", "/..", "a/.b", "/a/./", ".."})
+    EXPECT_EQ(PythonPath::nameOf(text), PythonPath(text).name()) << text;
 }
 
 TEST(PythonPath, TakesAMillionComponents) {

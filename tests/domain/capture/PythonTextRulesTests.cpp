@@ -82,11 +82,22 @@ Texts slowSplitlines(const std::vector<Piece>& text) {
   return result;
 }
 
+/// What folds is one scalar at a time, each of which other tests hold against the table.
+std::string slowCasefold(const std::vector<Piece>& text) {
+  std::string folded;
+  for (const Piece& next : text)
+    folded += PythonText::casefold(next.bytes);
+  return folded;
+}
+
 void checkAgainstTheRules(std::string_view text) {
   const std::vector<Piece> scalars = pieces(text);
   ASSERT_EQ(PythonText::strip(text), slowStrip(scalars)) << testing::PrintToString(text);
   ASSERT_EQ(owned(PythonText::split(text)), slowSplit(scalars)) << testing::PrintToString(text);
   ASSERT_EQ(owned(PythonText::splitlines(text)), slowSplitlines(scalars)) << testing::PrintToString(text);
+  std::string storage;
+  ASSERT_EQ(PythonText::casefold(text), slowCasefold(scalars)) << testing::PrintToString(text);
+  ASSERT_EQ(PythonText::casefold(text, storage), slowCasefold(scalars)) << testing::PrintToString(text);
   for (std::size_t count = 0; count <= scalars.size(); ++count)
     ASSERT_EQ(PythonText::prefix(text, count), joined(scalars, 0, count)) << testing::PrintToString(text);
 }
@@ -131,10 +142,25 @@ TEST(PythonTextRules, HoldForALineEndAtEveryPlaceInAWord) {
   }
 }
 
+TEST(PythonTextRules, HoldForAFoldIntoASCIIAtEveryPlaceInAWord) {
+  for (const std::string fold :
+       {"Z", "\u00DF", "\u0130", "\u0149", "\u017F", "\u01F0", "\u1E96", "\u1E9A", "\u1E9E", "\u212A", "\uFB00",
+        "\uFB06", "\u00DE", "\u1E95", "\u212B", "\uFB07", "\xE1\xBA", "\xC5"}) {
+    for (std::size_t before = 0; before < 36; ++before) {
+      for (const std::string filler : {"x", "@", "[", "\u00E9", "\u1E80", "\uD55C", "\xFF", "\xBA", "\xEF"}) {
+        std::string text;
+        for (std::size_t count = 0; count < before; ++count)
+          text += filler;
+        ASSERT_NO_FATAL_FAILURE(checkAgainstTheRules(text + fold + text));
+      }
+    }
+  }
+}
+
 TEST(PythonTextRules, HoldForLongRandomTexts) {
   std::mt19937 random(20260104);
-  const Texts units = {"a",  "b",      "word",   " ",      "\uD55C", "\u00E9", "\n",
-                       "\r", "\u2028", "\u0085", "\u201C", "\xE2",   "\xC2"};
+  const Texts units = {"a",      "b",      "word",   " ",    "\uD55C", "\u00E9", "\n",     "\r",
+                       "\u2028", "\u0085", "\u201C", "\xE2", "\xC2",   "W",      "\u212A", "\u0149"};
   for (int round = 0; round < 300; ++round) {
     std::string text;
     for (int count = 0; count < 60; ++count)
