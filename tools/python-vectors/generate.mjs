@@ -1,5 +1,5 @@
 // Runs the *.py files of this folder that are named below in CPython 3.14, as the pyodide package carries it, and
-// writes what they give under tests/vectors/python:
+// writes what they give under tests/vectors, each into the folder that is named beside it:
 //
 //   npm ci && npm run generate
 //
@@ -11,28 +11,32 @@ import { fileURLToPath } from "node:url";
 import { loadPyodide } from "pyodide";
 
 const here = dirname(fileURLToPath(import.meta.url));
-const target = join(here, "../../tests/vectors/python");
-const generators = ["rows.py", "text.py", "path.py", "timestamp.py"];
+const target = join(here, "../../tests/vectors");
+const generators = {
+  "text.py": "python",
+  "path.py": "python",
+  "timestamp.py": "python",
+  "json_text.py": "capture",
+  "signal_rules.py": "capture",
+};
 
 const python = await loadPyodide();
-for (const name of generators) {
+for (const name of ["rows.py", ...Object.keys(generators)]) {
   python.FS.writeFile(`/home/pyodide/tessary_${name}`, readFileSync(join(here, name), "utf8"));
 }
-const files = python
-  .runPython(
-    `
-import sys, datetime, _datetime
+python.runPython(`
+import sys, datetime, _datetime, json.encoder
 assert sys.version_info[:2] == (3, 14), sys.version
 assert datetime.datetime is _datetime.datetime, "the C implementation is the authority, not the Python one"
+assert json.encoder.c_make_encoder is not None, "the C implementation is the authority, not the Python one"
 sys.path.insert(0, "/home/pyodide")
-import tessary_text, tessary_path, tessary_timestamp
-tessary_text.vectors() + tessary_path.vectors() + tessary_timestamp.vectors()
-`,
-  )
-  .toJs();
+`);
 
-mkdirSync(target, { recursive: true });
-for (const [name, text] of files) {
-  writeFileSync(join(target, name), text);
-  console.log(`${name}: ${text.split("\n").length - 1} rows, ${text.length} bytes`);
+for (const [generator, folder] of Object.entries(generators)) {
+  const module = `tessary_${generator.slice(0, -".py".length)}`;
+  mkdirSync(join(target, folder), { recursive: true });
+  for (const [name, text] of python.runPython(`import ${module}; ${module}.vectors()`).toJs()) {
+    writeFileSync(join(target, folder, name), text);
+    console.log(`${folder}/${name}: ${text.split("\n").length - 1} rows, ${text.length} bytes`);
+  }
 }

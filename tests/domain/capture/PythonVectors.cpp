@@ -34,8 +34,9 @@ std::vector<std::string> PythonVector::list(std::size_t& index) const {
   return entries;
 }
 
-std::vector<PythonVector> readPythonVectors(std::string_view fileName) {
-  std::ifstream file(TESSARY_TEST_VECTORS "/python/" + std::string(fileName), std::ios::binary);
+std::vector<PythonVector> readPythonVectors(std::string_view fileName, std::string_view folder) {
+  const std::string path = TESSARY_TEST_VECTORS "/" + std::string(folder) + "/" + std::string(fileName);
+  std::ifstream file(path, std::ios::binary);
   std::vector<PythonVector> vectors;
   for (std::string line; std::getline(file, line);) {
     PythonVector& vector = vectors.emplace_back(PythonVector{.line = vectors.size() + 1, .fields = {}});

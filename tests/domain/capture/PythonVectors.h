@@ -7,7 +7,7 @@
 
 namespace tessary {
 
-/// One case of a file under tests/vectors/python: what CPython answered, and the line that holds it.
+/// One case of a file under tests/vectors: what CPython answered, and the line that holds it.
 struct PythonVector {
   std::size_t line;
   std::vector<std::string> fields;
@@ -19,8 +19,9 @@ struct PythonVector {
   [[nodiscard]] std::vector<std::string> list(std::size_t& index) const;
 };
 
-/// The cases of a file, in its order: fields separated by tabs, in which \xHH stands for a byte. An empty answer means
-/// that the file is missing, which every test that reads one must refuse.
-[[nodiscard]] std::vector<PythonVector> readPythonVectors(std::string_view fileName);
+/// The cases of a file in a folder of tests/vectors, in its order: fields separated by tabs, in which \xHH stands for a
+/// byte. An empty answer means that the file is missing, which every test that reads one must refuse.
+[[nodiscard]] std::vector<PythonVector> readPythonVectors(std::string_view fileName,
+                                                          std::string_view folder = "python");
 
 }  // namespace tessary
