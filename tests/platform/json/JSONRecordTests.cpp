@@ -1,7 +1,6 @@
 #include <cmath>
 #include <limits>
 #include <optional>
-#include <ostream>
 #include <string>
 #include <string_view>
 #include <tuple>
@@ -10,20 +9,11 @@
 #include <gtest/gtest.h>
 
 #include "TessaryPlatform/json/JSONRecord.h"
+#include "support/JSONErrors.h"
 
 #include "TestRecord.h"
 
 namespace tessary {
-
-// Found by GoogleTest, so that a failing row shows its error.
-std::ostream& operator<<(std::ostream& stream, const JSONDecodingError& error) {
-  stream << "kind " << static_cast<int>(error.kind) << " at ";
-  for (const JSONPathStep& step : error.path) {
-    if (const auto* key = std::get_if<std::string>(&step)) stream << "." << *key;
-    if (const auto* index = std::get_if<std::size_t>(&step)) stream << "[" << *index << "]";
-  }
-  return stream << ", byte " << error.position << " " << error.description;
-}
 
 namespace {
 
