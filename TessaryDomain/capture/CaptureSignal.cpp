@@ -10,14 +10,22 @@ namespace tessary::CaptureSignal {
 
 namespace {
 
+/// What every marker of a patch begins with.
+constexpr std::string_view patchMark = "*** ";
 constexpr std::string_view patchStart = "*** Begin Patch";
 
 /// What the lines of a patch begin with that name files or frame the patch. Lines that delete a file are not followed.
 constexpr std::array<std::string_view, 5> fileMarkers = {
     patchStart, "*** End Patch", "*** Add File:", "*** Update File:", "*** Move to:",
 };
+static_assert(std::ranges::all_of(fileMarkers, [](std::string_view marker) { return marker.starts_with(patchMark); }));
 
-/// The first member of `value` named `key` if it is an object; null for everything else.
+bool namesFile(std::string_view line) {
+  return std::ranges::any_of(fileMarkers,
+                             [line](std::string_view marker) { return PythonText::hasPrefix(line, marker); });
+}
+
+/// The member of `value` named `key` if it is an object; null for everything else.
 const JSONValue* objectAt(const JSONValue& value, std::string_view key) {
   const JSONValue* found = value.find(key);
   return found != nullptr && found->object() != nullptr ? found : nullptr;
@@ -43,10 +51,8 @@ std::optional<std::string> fileLines(std::string_view text) {
   if (!PythonText::hasPrefix(PythonText::stripStart(text), patchStart)) return std::nullopt;
   std::string kept;
   bool isFirst = true;
-  for (const std::string_view line : PythonText::splitlines(text)) {
-    if (std::ranges::none_of(fileMarkers,
-                             [line](std::string_view marker) { return PythonText::hasPrefix(line, marker); }))
-      continue;
+  for (const std::string_view line : PythonText::linesBeginning(text, patchMark)) {
+    if (!namesFile(line)) continue;
     if (!std::exchange(isFirst, false)) kept += '\n';
     kept += line;
   }

@@ -100,6 +100,13 @@ std::size_t findLineEnd(std::string_view text, std::size_t position) {
   return position;
 }
 
+/// True if a line begins at `position`: the start of the text, or right behind a line end.
+bool isBehindLineEnd(std::string_view text, std::size_t position) {
+  if (position == 0) return true;
+  const std::size_t previous = previousScalarStart(text, position);
+  return lineEndByteCount(text, previous) == position - previous;
+}
+
 std::string_view stripEnd(std::string_view text) noexcept {
   while (!text.empty()) {
     const std::size_t start = previousScalarStart(text, text.size());
@@ -270,6 +277,20 @@ std::vector<std::string_view> splitlines(std::string_view text) {
     const std::size_t end = findLineEnd(text, position);
     lines.push_back(text.substr(position, end - position));
     position = end < text.size() ? end + lineEndByteCount(text, end) : end;
+  }
+  return lines;
+}
+
+std::vector<std::string_view> linesBeginning(std::string_view text, std::string_view prefix) {
+  std::vector<std::string_view> lines;
+  for (std::size_t start = text.find(prefix); start < text.size(); start = text.find(prefix, start)) {
+    if (!isBehindLineEnd(text, start)) {
+      ++start;
+      continue;
+    }
+    const std::size_t end = findLineEnd(text, start);
+    lines.push_back(text.substr(start, end - start));
+    start = end;
   }
   return lines;
 }

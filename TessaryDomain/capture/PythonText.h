@@ -53,6 +53,10 @@ inline constexpr std::string_view spaceClass =
 /// The same on scalars: slices that share the argument's storage.
 [[nodiscard]] std::vector<std::u32string_view> splitlines(std::u32string_view scalars);
 
+/// Those of the lines of `splitlines` that begin with `prefix`, which must be a text in ASCII without line ends. The
+/// lines between them are passed over without being looked for.
+[[nodiscard]] std::vector<std::string_view> linesBeginning(std::string_view text, std::string_view prefix);
+
 /// The pieces between the places where `separator` stands, empty ones kept, as views into the text: always one more
 /// than there are separators. A `separator` that is no Unicode scalar stands nowhere.
 [[nodiscard]] std::vector<std::string_view> components(std::string_view text, char32_t separator);

@@ -1,4 +1,4 @@
-"""Times one C function of CPython over the texts of a file, and says what it answered.
+"""Times an operation of CPython over the texts of a file, and says what it answered.
 
     python3 CPythonPeer.py OPERATION FILE
 
@@ -6,6 +6,7 @@ FILE holds texts separated by zero bytes. The first line of the output is nanose
 rounds; the others are the answers, in hexadecimal, one line for each text.
 """
 
+import json
 import sys
 import time
 from datetime import datetime, timedelta, timezone
@@ -15,6 +16,7 @@ EPOCH = datetime(1970, 1, 1, tzinfo=timezone.utc)
 
 # What is timed, and what makes text of its answer.
 OPERATIONS = {
+    "json": (lambda text: json.dumps(json.loads(text)), str),
     "splitlines": (str.splitlines, "\0".join),
     "normpath": (_path_normpath, lambda path: path or "."),
     "microseconds": (datetime.fromisoformat, lambda moment: str((moment - EPOCH) // timedelta(microseconds=1))),

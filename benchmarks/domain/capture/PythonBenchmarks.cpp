@@ -1,21 +1,17 @@
 // The text primitives against the C functions of CPython that they stand for. The peer is timed by the machine's own
 // python3, in a loop over the same texts, in the same run; nothing is timed whose answers differ.
 
-#include <cstdio>
-#include <cstdlib>
-#include <filesystem>
-#include <fstream>
-#include <functional>
-#include <sstream>
 #include <string>
 #include <string_view>
-#include <unistd.h>
+#include <utility>
 #include <vector>
 
 #include <benchmark/benchmark.h>
 
 #include "TessaryDomain/capture/PythonISOTimestamp.h"
 #include "TessaryDomain/capture/PythonText.h"
+
+#include "CPythonPeer.h"
 
 namespace tessary {
 namespace {
@@ -27,15 +23,6 @@ std::string repeated(std::string_view unit, std::size_t leastBytes) {
   while (text.size() < leastBytes)
     text += unit;
   return text;
-}
-
-std::string hex(std::string_view text) {
-  std::string digits;
-  for (const char byte : text) {
-    digits.push_back("0123456789abcdef"[static_cast<unsigned char>(byte) >> 4]);
-    digits.push_back("0123456789abcdef"[static_cast<unsigned char>(byte) & 15]);
-  }
-  return digits;
 }
 
 // What is compared with CPython's answer: the operation's own, as text.
@@ -76,38 +63,9 @@ void runTime(std::string_view text) {
   benchmark::DoNotOptimize(PythonISOTimestamp::microseconds(text));
 }
 
-struct Task {
-  std::string operation;
+struct Task : CPythonTask {
   std::string name;
-  Texts texts;
-  std::function<std::string(std::string_view)> answer;
 };
-
-/// Runs the peer: its nanoseconds per text, and its answers in hexadecimal.
-std::pair<double, Texts> runPeer(const Task& task) {
-  const std::filesystem::path input =
-      std::filesystem::temp_directory_path() / ("tessary-benchmark-" + std::to_string(getpid()));
-  std::ofstream file(input, std::ios::binary);
-  for (std::size_t index = 0; index < task.texts.size(); ++index)
-    file << (index > 0 ? std::string(1, '\0') : "") << task.texts[index];
-  file.close();
-  const std::string command = "python3 '" TESSARY_CPYTHON_PEER "' " + task.operation + " '" + input.string() + "'";
-  std::stringstream output;
-  if (FILE* const pipe = popen(command.c_str(), "r")) {
-    char buffer[4096];
-    while (const std::size_t count = fread(buffer, 1, sizeof buffer, pipe))
-      output.write(buffer, static_cast<std::streamsize>(count));
-    pclose(pipe);
-  }
-  std::filesystem::remove(input);
-  std::string line;
-  std::getline(output, line);
-  const double nanoseconds = std::strtod(line.c_str(), nullptr);
-  Texts answers;
-  while (std::getline(output, line))
-    answers.push_back(line);
-  return {nanoseconds, answers};
-}
 
 void runTessary(benchmark::State& state, const Task& task, void (*body)(std::string_view)) {
   for (auto _ : state) {
@@ -118,32 +76,16 @@ void runTessary(benchmark::State& state, const Task& task, void (*body)(std::str
   state.counters["per_text"] = benchmark::Counter(items, benchmark::Counter::kIsRate | benchmark::Counter::kInvert);
 }
 
-void runCPython(benchmark::State& state, const Task& task) {
-  const auto [nanoseconds, answers] = runPeer(task);
-  Texts ours;
-  for (const std::string& text : task.texts)
-    ours.push_back(hex(task.answer(text)));
-  if (nanoseconds <= 0 || answers != ours) {
-    for (auto _ : state) {
-    }
-    state.SkipWithError("python3 is missing, or its answers differ");
-    return;
-  }
-  for (auto _ : state)
-    state.SetIterationTime(nanoseconds * static_cast<double>(task.texts.size()) * 1e-9);
-  state.counters["per_text"] = nanoseconds * 1e-9;
-}
-
 std::vector<Task> makeTasks() {
   constexpr std::size_t size = 256 * 1024;
   const auto lines = [](std::string name, std::string text) {
-    return Task{"splitlines", std::move(name), {std::move(text)}, linesAnswer};
+    return Task{{"splitlines", {std::move(text)}, linesAnswer}, std::move(name)};
   };
   const auto paths = [](std::string name, Texts texts) {
-    return Task{"normpath", std::move(name), std::move(texts), pathAnswer};
+    return Task{{"normpath", std::move(texts), pathAnswer}, std::move(name)};
   };
   const auto times = [](std::string name, Texts texts) {
-    return Task{"microseconds", std::move(name), std::move(texts), timeAnswer};
+    return Task{{"microseconds", std::move(texts), timeAnswer}, std::move(name)};
   };
   return {
       lines("ASCII prose",

@@ -1,6 +1,8 @@
 #include <algorithm>
+#include <array>
 #include <map>
 #include <memory>
+#include <random>
 #include <set>
 #include <string>
 #include <vector>
@@ -154,6 +156,28 @@ TEST(PythonText, SplitsLinesOnPythonsLineEnds) {
   EXPECT_THAT(PythonText::splitlines("a\n\nb"), ElementsAre("a", "", "b"));
   EXPECT_THAT(PythonText::splitlines("a\n"), ElementsAre("a"));
   EXPECT_THAT(PythonText::splitlines(""), IsEmpty());
+}
+
+TEST(PythonText, PicksTheLinesThatBeginWithAPrefix) {
+  const auto picked = [](std::string_view text, std::string_view prefix) {
+    std::vector<std::string_view> lines = PythonText::splitlines(text);
+    std::erase_if(lines, [prefix](std::string_view line) { return !line.starts_with(prefix); });
+    return lines;
+  };
+  EXPECT_THAT(PythonText::linesBeginning("*a\nb*\u2028**c\xE2\x80*\r\n*", "*"), ElementsAre("*a", "**c\xE2\x80*", "*"));
+  EXPECT_THAT(PythonText::linesBeginning("", "*"), IsEmpty());
+  // Line ends, what is nearly one, and broken halves of them, in every order, around the prefixes.
+  std::mt19937 random(20260308);
+  constexpr std::array<std::string_view, 20> pieces = {
+      "*",    "**",   "* ",       "a",      "\n",     "\r",       "\r\n", "\x0B",   "\x1C",       "\x1F",
+      "\x85", "\xC2", "\xC2\x85", "\u2028", "\u2029", "\xE2\x80", "\xA8", "\u20A8", "\U00010085", "\xF0\x90"};
+  for (int round = 0; round < 20'000; ++round) {
+    std::string text;
+    for (std::size_t count = random() % 12; count > 0; --count)
+      text += pieces[random() % pieces.size()];
+    for (const std::string_view prefix : {"*", "**", "* "})
+      ASSERT_EQ(PythonText::linesBeginning(text, prefix), picked(text, prefix)) << testing::PrintToString(text);
+  }
 }
 
 TEST(PythonText, SlicesLinesOutOfTheScalarsThemselves) {
