@@ -24,7 +24,8 @@ struct LocaleVariables {
 /// The value is an identifier in ICU's form, "zh_Hant_HK" or "ar_EG@calendar=islamic;numbers=latn": a language, a
 /// script, a region, variants, and keywords for single conventions (calendar, numbering system, hour cycle). Any part
 /// may be missing. Its authority is CLDR as the linked ICU holds it, and a locale for which CLDR has no data is as good
-/// as any other: ICU falls back to that of the language, and at last to that of no language.
+/// as any other: ICU falls back to that of its language, and for a language that it does not know to the default of the
+/// process.
 class Locale {
  public:
   /// The longest text that is read as a locale, in bytes.
