@@ -4,6 +4,7 @@
 #include "TessaryLocalization/LocalizationCatalogs.h"
 #include "TessaryLocalization/LocalizationRuntime.h"
 #include "TessaryLocalization/MessageText.h"
+#include "TessaryLocalization/StoredSentences.h"
 #include "TessaryPlatform/paths/Paths.h"
 
 namespace tessary::L10n {
@@ -29,6 +30,11 @@ std::string text(std::string_view key, std::span<const std::string> arguments, s
 std::string text(std::string_view key, std::initializer_list<std::string_view> arguments,
                  std::optional<std::int64_t> count, std::optional<std::string_view> language) {
   return filled(key, arguments, count, language);
+}
+
+std::string display(std::string_view text, std::optional<std::string_view> language) {
+  const StoredSentences& sentences = StoredSentences::shared();
+  return sentences.display(text, language ? std::string(*language) : LocalizationRuntime::shared().language());
 }
 
 std::vector<std::string> availableCatalogLanguages() {

@@ -42,6 +42,16 @@ inline constexpr std::size_t maximumSentenceBytes = 8192;
 [[nodiscard]] std::string text(std::string_view key, std::initializer_list<std::string_view> arguments,
                                std::optional<std::int64_t> count = {}, std::optional<std::string_view> language = {});
 
+/// A sentence that was stored earlier, in any language, written in `language`; absent means the one now selected. What
+/// is not known comes back unchanged, and so does what no message can have written, whatever bytes it holds.
+///
+/// Known are every key and every wording of a message in any language, and, in sentences of at most
+/// `maximumSentenceBytes`, the wordings of the messages that may be stored, with texts of at most 2,048 scalars without
+/// a line end in the place of their placeholders. A number that chose the plural form chooses it again, in whatever
+/// script it was written; an argument that is itself a word of the catalogs (a sound's name) is written in the new
+/// language too. Broken UTF-8 in an argument becomes U+FFFD. Takes linear time.
+[[nodiscard]] std::string display(std::string_view text, std::optional<std::string_view> language = {});
+
 /// The codes of the catalogs that the package has, in ascending order.
 [[nodiscard]] std::vector<std::string> availableCatalogLanguages();
 
