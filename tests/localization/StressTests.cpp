@@ -10,9 +10,10 @@
 #include "TessaryLocalization/L10n.h"
 #include "TessaryLocalization/LocalizationController.h"
 #include "TessaryLocalization/LocalizationRuntime.h"
+#include "TessaryLocalization/LocalizedFormat.h"
 
-// One thread changes the language while others translate. To be run under ThreadSanitizer, which is what finds a race;
-// without it the test shows that every answer is whole.
+// One thread changes the language while others translate and write numbers and times. To be run under ThreadSanitizer,
+// which is what finds a race; without it the test shows that every answer is whole.
 
 namespace tessary {
 namespace {
@@ -39,6 +40,8 @@ TEST(LocalizationStress, TranslatesWhileTheLanguageChanges) {
         answered.push_back(L10n::text(key, {"3", "x"}, 3));
         answered.push_back(L10n::display(answered.back()));
         const LocalizationRuntime::Snapshot snapshot = LocalizationRuntime::shared().snapshot();
+        EXPECT_FALSE(L10n::number(1234).empty());
+        EXPECT_FALSE(L10n::shortRelative(Date(), Date() + 60).empty());
         EXPECT_EQ(snapshot.locale.language(), snapshot.language.substr(0, 2));
       } while (!isDone);
     });
