@@ -9,31 +9,26 @@
 namespace tessary {
 namespace {
 
-struct ExtensionCategory {
-  std::string_view extension;
-  ArtifactCategory category;
-};
+// Every extension; none stands in two tables, so that nothing hangs on the order in which they are searched.
+constexpr WordSet extensions = documentExtensions.joined(WordSet(imageExtensions))
+                                   .joined(WordSet(videoExtensions))
+                                   .joined(WordSet(pdfExtensions))
+                                   .joined(codeExtensionSet);
 
-// Every extension with its category, ascending. No extension stands in two tables, so nothing hangs on their order.
 consteval auto makeExtensionCategories() {
-  std::array<ExtensionCategory, documentExtensions.size() + imageExtensions.size() + videoExtensions.size() +
-                                    pdfExtensions.size() + codeExtensions.size()>
-      all{};
-  auto next = all.begin();
-  const auto add = [&next](std::span<const std::string_view> extensions, ArtifactCategory category) {
-    for (const std::string_view extension : extensions)
-      *next++ = {extension, category};
+  std::array<ArtifactCategory, extensions.size()> categories{};
+  const auto set = [&categories](std::span<const std::string_view> words, ArtifactCategory category) {
+    for (const std::string_view word : words)
+      categories[extensions.index(word)] = category;
   };
-  add(documentExtensions.sorted(), ArtifactCategory::documents);
-  add(imageExtensions, ArtifactCategory::images);
-  add(videoExtensions, ArtifactCategory::videos);
-  add(pdfExtensions, ArtifactCategory::pdfs);
-  add(codeExtensions, ArtifactCategory::code);
-  std::ranges::sort(all, {}, &ExtensionCategory::extension);
-  if (std::ranges::adjacent_find(all, {}, &ExtensionCategory::extension) != all.end())
-    throw "an extension stands in two tables";
-  return all;
+  set(documentExtensions.sorted(), ArtifactCategory::documents);
+  set(imageExtensions, ArtifactCategory::images);
+  set(videoExtensions, ArtifactCategory::videos);
+  set(pdfExtensions, ArtifactCategory::pdfs);
+  set(codeExtensions, ArtifactCategory::code);
+  return categories;
 }
+// For each of the extensions, in their order.
 constexpr auto extensionCategories = makeExtensionCategories();
 
 struct QuickLookTitle {
@@ -88,8 +83,8 @@ std::span<const std::string_view> fileExtensions(ArtifactCategory category) noex
 }
 
 ArtifactCategory categoryForExtension(std::string_view extension) noexcept {
-  const auto* const row = std::ranges::lower_bound(extensionCategories, extension, {}, &ExtensionCategory::extension);
-  return row != extensionCategories.end() && row->extension == extension ? row->category : ArtifactCategory::other;
+  const std::size_t index = extensions.index(extension);
+  return index == extensions.size() ? ArtifactCategory::other : extensionCategories[index];
 }
 
 std::optional<ArtifactCategory> safeTextCategoryForExtension(std::string_view extension) {

@@ -7,23 +7,11 @@
 #include <utility>
 #include <vector>
 
-#include "TessaryPlatform/text/Casing.h"
+#include "TessaryDomain/capture/NormalExtension.h"
 #include "TessaryPlatform/text/WhiteSpace.h"
 
 namespace tessary {
 namespace {
-
-constexpr std::size_t maximumExtensionLength = 20;
-
-constexpr bool isLetterOrDigit(char byte) {
-  return (byte >= 'a' && byte <= 'z') || (byte >= '0' && byte <= '9');
-}
-
-/// ^[a-z0-9][a-z0-9_-]{0,19}$
-constexpr bool isNormalExtension(std::string_view text) {
-  if (text.empty() || text.size() > maximumExtensionLength || !isLetterOrDigit(text.front())) return false;
-  return std::ranges::all_of(text, [](char byte) { return isLetterOrDigit(byte) || byte == '_' || byte == '-'; });
-}
 
 /// The categories that are on where nothing is said of them.
 constexpr bool isOnByDefault(ArtifactCategory category) {
@@ -59,10 +47,7 @@ void clean(CapturePreferences& preferences, ArtifactCategory category) {
 }  // namespace
 
 std::optional<std::string> CapturePreferences::normalizedExtension(std::string_view text) {
-  std::string extension = lowercased(trimmed(text, isWhiteSpace));
-  if (extension.starts_with('.')) extension.erase(0, 1);
-  if (!isNormalExtension(extension)) return std::nullopt;
-  return extension;
+  return normalExtension(trimmed(text, isWhiteSpace));
 }
 
 std::vector<std::string> CapturePreferences::normalizedExtensions(std::span<const std::string> texts) {

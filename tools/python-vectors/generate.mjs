@@ -16,6 +16,7 @@ const generators = {
   "text.py": "python",
   "path.py": "python",
   "timestamp.py": "python",
+  "event_seconds.py": "capture",
   "json_text.py": "capture",
   "signal_rules.py": "capture",
 };
