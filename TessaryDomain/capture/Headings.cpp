@@ -35,10 +35,12 @@ std::size_t marksEnd(std::string_view text, std::size_t position) {
 
 /// The first line at or behind `position` that begins with a mark, or the end of the text.
 std::size_t findMarkedLine(std::string_view text, std::size_t position) {
-  if (position > 0) position = std::min(text.find('\n', position - 1), text.size() - 1) + 1;
-  while (position < text.size() && text[position] != '#')
-    position = std::min(text.find('\n', position), text.size() - 1) + 1;
-  return position;
+  // Marks are rarer than line ends, and so are what is looked for.
+  for (position = text.find('#', position); position != std::string_view::npos;
+       position = text.find('#', position + 1)) {
+    if (position == 0 || text[position - 1] == '\n') return position;
+  }
+  return text.size();
 }
 
 /// Group 1 where nothing but the white space from `start` follows the marks.
@@ -84,7 +86,6 @@ std::optional<Match> matchAt(std::string_view text, std::size_t start) {
 }  // namespace
 
 std::optional<Match> find(std::string_view text, std::size_t from) {
-  if (from >= text.size()) return std::nullopt;
   for (std::size_t start = findMarkedLine(text, from); start < text.size(); start = findMarkedLine(text, start + 1)) {
     if (const auto match = matchAt(text, start)) return match;
   }

@@ -270,14 +270,17 @@ std::vector<std::string_view> split(std::string_view text) {
   return pieces;
 }
 
+std::string_view takeLine(std::string_view& text) noexcept {
+  const std::size_t end = findLineEnd(text, 0);
+  const std::string_view line = text.substr(0, end);
+  text.remove_prefix(end < text.size() ? end + lineEndByteCount(text, end) : end);
+  return line;
+}
+
 std::vector<std::string_view> splitlines(std::string_view text) {
   std::vector<std::string_view> lines;
-  std::size_t position = 0;
-  while (position < text.size()) {
-    const std::size_t end = findLineEnd(text, position);
-    lines.push_back(text.substr(position, end - position));
-    position = end < text.size() ? end + lineEndByteCount(text, end) : end;
-  }
+  while (!text.empty())
+    lines.push_back(takeLine(text));
   return lines;
 }
 

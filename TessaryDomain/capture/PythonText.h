@@ -50,7 +50,11 @@ inline constexpr std::string_view spaceClass =
 /// U+001E, U+0085, U+2028 and U+2029, and U+000D U+000A is one end. No line stands behind the last line end.
 [[nodiscard]] std::vector<std::string_view> splitlines(std::string_view text);
 
-/// The same on scalars: slices that share the argument's storage.
+/// The first line of a text that is not empty, as `splitlines` has it, taken off the text together with its end: for
+/// who reads lines one after the other and needs no list of them.
+[[nodiscard]] std::string_view takeLine(std::string_view& text) noexcept;
+
+/// `splitlines` on scalars: slices that share the argument's storage.
 [[nodiscard]] std::vector<std::u32string_view> splitlines(std::u32string_view scalars);
 
 /// Those of the lines of `splitlines` that begin with `prefix`, which must be a text in ASCII without line ends. The
