@@ -35,6 +35,10 @@ class FormatterCache {
   std::map<Key, std::unique_ptr<const Formatter>> formatters_;
 };
 
+/// How often a new number formatter is used before it is shared. ICU makes its faster form when it is used for the
+/// third time; done while only one thread has it, every later use only reads.
+inline constexpr int usesBeforeSharing = 3;
+
 /// What `make(icu::Locale, UErrorCode&)` makes for the locale; where ICU refuses, as it does a numbering system that
 /// does not exist, for the locale without its keywords, and at last for that of no language. An empty pointer where
 /// even that fails.

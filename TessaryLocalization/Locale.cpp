@@ -1,7 +1,9 @@
 #include "TessaryLocalization/Locale.h"
 
+#include <algorithm>
 #include <array>
 #include <cstdlib>
+#include <utility>
 
 #include <unicode/localebuilder.h>
 #include <unicode/locid.h>
@@ -55,6 +57,17 @@ std::string withoutPOSIXParts(std::string_view text) {
   return std::string(name);
 }
 
+/// The one identifier of a locale, by way of the strict form of a tag. Whatever ICU cannot place stands behind the
+/// tag's "x", and says nothing. Empty where nothing is left.
+std::string canonical(const std::string& name) {
+  UErrorCode status = U_ZERO_ERROR;
+  std::string tag = icu::Locale::createCanonical(name.c_str()).toLanguageTag<std::string>(status);
+  if (tag.starts_with("x-")) return {};
+  tag.resize(std::min(tag.find("-x-"), tag.size()));
+  const icu::Locale locale = icu::Locale::forLanguageTag(tag, status);
+  return U_SUCCESS(status) ? locale.getName() : "";
+}
+
 icu::Locale toICU(const std::string& identifier) {
   return icu::Locale(identifier.c_str());
 }
@@ -91,8 +104,9 @@ std::optional<std::string> environmentValue(const char* name) {
 
 Locale::Locale(std::string_view text) {
   if (!isReadable(text)) return;
-  const icu::Locale locale = icu::Locale::createCanonical(withoutPOSIXParts(text).c_str());
-  if (!locale.isBogus()) identifier_ = locale.getName();
+  std::string identifier = canonical(withoutPOSIXParts(text));
+  // What ICU reads differently when it is written back was no locale, but bytes that look like one.
+  if (canonical(identifier) == identifier) identifier_ = std::move(identifier);
 }
 
 Locale Locale::fromVariables(const LocaleVariables& variables) {

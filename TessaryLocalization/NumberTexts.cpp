@@ -27,7 +27,8 @@ std::unique_ptr<const Formatter> makeFormatter(const NumberLayout& layout, const
           .precision(icu::number::Precision::minMaxFraction(layout.leastFractionDigits, layout.mostFractionDigits))
           .grouping(layout.isGrouped ? UNUM_GROUPING_AUTO : UNUM_GROUPING_OFF));
   // It reads its data, and says what is wrong with them, at the first number.
-  formatter->formatInt(0, status);
+  for (int use = 0; use < usesBeforeSharing; ++use)
+    formatter->formatInt(0, status);
   return formatter;
 }
 

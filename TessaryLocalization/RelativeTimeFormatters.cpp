@@ -30,8 +30,13 @@ constexpr auto units = std::to_array<Unit>({
 
 RelativeTimeFormatter::RelativeTimeFormatter(const Locale& locale)
     : formatter_(madeForLocale(locale, [](const icu::Locale& candidate, UErrorCode& status) {
-        return std::make_unique<const icu::RelativeDateTimeFormatter>(
+        auto formatter = std::make_unique<const icu::RelativeDateTimeFormatter>(
             candidate, /*nfToAdopt=*/nullptr, UDAT_STYLE_SHORT, UDISPCTX_CAPITALIZATION_NONE, status);
+        for (int use = 0; use < usesBeforeSharing; ++use) {
+          icu::UnicodeString written;
+          formatter->formatNumeric(-1, UDAT_REL_UNIT_SECOND, written, status);
+        }
+        return formatter;
       })) {}
 
 std::string RelativeTimeFormatter::textForSecondsAgo(double seconds) const {

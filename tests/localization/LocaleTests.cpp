@@ -34,6 +34,8 @@ TEST(Locale, ReadsTagsIdentifiersAndThePOSIXForm) {
            {"en-US-u-rg-dezzzz", "en_US@rg=dezzzz"},
            {"iw_IL", "he_IL"},
            {"und-US", "_US"},
+           {"en-US-x-private", "en_US"},
+           {"ar-EGin-cic-nu-nu0", "ar_Egin"},
            {"", ""},
        })
     EXPECT_EQ(Locale(text).identifier(), identifier) << text;
