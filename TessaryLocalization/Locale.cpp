@@ -76,16 +76,19 @@ icu::StringPiece toPiece(std::string_view text) {
   return {text.data(), static_cast<std::int32_t>(text.size())};
 }
 
-/// The value of a "rg" keyword: a region and a subdivision, "uszzzz" or "gbsct". Two letters or three digits are the
-/// region.
+bool isAll(std::string_view text, char first, char last) {
+  return std::ranges::all_of(text, [&](char byte) { return byte >= first && byte <= last; });
+}
+
+/// The region of a "rg" keyword, whose value is a region and a subdivision, "uszzzz", "gbsct" or "419zzzz". Empty where
+/// there is none.
 std::string overridingRegion(const icu::Locale& locale) {
   UErrorCode status = U_ZERO_ERROR;
   const auto value = locale.getUnicodeKeywordValue<std::string>("rg", status);
-  if (U_FAILURE(status) || value.empty()) return {};
-  std::string region = value.substr(0, value[0] <= '9' ? 3 : 2);
-  for (char& byte : region)
-    if (byte >= 'a' && byte <= 'z') byte = static_cast<char>(byte - 'a' + 'A');
-  return region;
+  if (U_FAILURE(status)) return {};
+  if (value.size() > 3 && isAll(std::string_view(value).substr(0, 3), '0', '9')) return value.substr(0, 3);
+  if (value.size() < 3 || !isAll(std::string_view(value).substr(0, 2), 'a', 'z')) return {};
+  return {static_cast<char>(value[0] - 'a' + 'A'), static_cast<char>(value[1] - 'a' + 'A')};
 }
 
 /// As POSIX has it: the first variable that is set and not empty.
@@ -151,7 +154,11 @@ Locale Locale::withLanguage(std::string_view languageTag) const {
                                 .setRegion(region.empty() ? icu::StringPiece(tongue.getCountry()) : toPiece(region))
                                 .build(status);
   Locale result;
-  result.identifier_ = U_SUCCESS(status) ? built.getName() : tongue.getName();
+  // Keywords that cannot be built anew, as a bare attribute, are given up before the region is.
+  std::string plain = tongue.getLanguage();
+  for (const std::string& part : {std::string(tongue.getScript()), region.empty() ? tongue.getCountry() : region})
+    if (!part.empty()) plain += '_' + part;
+  result.identifier_ = canonical(U_SUCCESS(status) ? built.getName() : plain);
   return result;
 }
 

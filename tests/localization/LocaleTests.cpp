@@ -83,6 +83,7 @@ TEST(Locale, ReadsTheRegionInForceFromItsKeyword) {
   EXPECT_EQ(Locale("en-US-u-rg-dezzzz").region(), "DE");
   EXPECT_EQ(Locale("en-US-u-rg-gbsct").region(), "GB");
   EXPECT_EQ(Locale("en-u-rg-150zzzz").region(), "150");
+  EXPECT_EQ(Locale("en-US-u-rg-t32").region(), "US");
 }
 
 TEST(Locale, IsAKeyOfHashedContainers) {
@@ -108,6 +109,11 @@ TEST(Locale, KeepsRegionAndConventionsUnderAnotherLanguage) {
            {"en_US_POSIX", "de", "de_US_POSIX"},
        })
     EXPECT_EQ(Locale(system).withLanguage(language).identifier(), identifier) << system << " " << language;
+}
+
+TEST(Locale, KeepsItsRegionWhereItsKeywordsCannotBeKept) {
+  EXPECT_EQ(Locale("ar-EG-u-20").withLanguage("ko").identifier(), "ko_EG");
+  EXPECT_EQ(Locale("ar-EG-u-20").withLanguage("zh-Hant-HK").identifier(), "zh_Hant_EG");
 }
 
 TEST(Locale, PutsTheRegionInForceIntoBothPlaces) {
