@@ -110,7 +110,6 @@ std::expected<std::string, FileError> readFile(const std::string& path) {
 std::vector<std::string> jsonFiles(const std::string& folder) {
   std::vector<std::pair<std::string, std::string>> urlsAndPaths;
   std::error_code error;
-  // NOLINTNEXTLINE(bugprone-unused-return-value): an error ends the walk.
   for (std::filesystem::directory_iterator entry(folder, error), end; !error && entry != end; entry.increment(error)) {
     const std::string& path = entry->path().native();
     if (path.ends_with(".json")) urlsAndPaths.emplace_back(PercentEncoding::encoded(path, pathCharacters), path);

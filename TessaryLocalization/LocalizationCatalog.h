@@ -17,7 +17,6 @@ namespace tessary {
 /// keeps each hash beside its key and need not work it out again while it walks a bucket.
 struct CatalogTextHash {
   using is_transparent = void;
-  // NOLINTNEXTLINE(bugprone-exception-escape)
   std::size_t operator()(std::string_view text) const { return std::hash<std::string_view>{}(text); }
 };
 

@@ -74,7 +74,7 @@ class SentenceExpression {
 
   [[nodiscard]] std::size_t groupCount() const { return literals_.size() - 1; }
 
-  /// The expression in ICU's syntax.
+  /// The expression in ICU's syntax. It always compiles, since all but its groups is escaped.
   [[nodiscard]] std::string pattern() const;
 
   /// A cheap necessary condition for a match: the first bytes of the sentence, and the last before one of its ends, are
