@@ -3,10 +3,14 @@
 #include <string_view>
 #include <vector>
 
-#include "TessaryDomain/capture/ArtifactAdmission.h"  // IWYU pragma: export
-#include "TessaryDomain/capture/ArtifactType.h"       // IWYU pragma: export
-#include "TessaryDomain/capture/ContentTitle.h"       // IWYU pragma: export
-#include "TessaryDomain/capture/EventTimes.h"         // IWYU pragma: export
+#include "TessaryDomain/capture/AgentFolders.h"           // IWYU pragma: export
+#include "TessaryDomain/capture/ArtifactAdmission.h"      // IWYU pragma: export
+#include "TessaryDomain/capture/ArtifactType.h"           // IWYU pragma: export
+#include "TessaryDomain/capture/CaptureTemporaryScope.h"  // IWYU pragma: export
+#include "TessaryDomain/capture/ContentTitle.h"           // IWYU pragma: export
+#include "TessaryDomain/capture/EventTimes.h"             // IWYU pragma: export
+#include "TessaryDomain/capture/ExcludedArtifact.h"       // IWYU pragma: export
+#include "TessaryDomain/capture/InternalArtifact.h"       // IWYU pragma: export
 #include "TessaryDomain/capture/PythonHTMLTitle.h"
 
 /// The one place that says what a file or an agent's answer is and whether the user's choices admit it. Who has a
