@@ -43,13 +43,14 @@ void checkQuantity(std::string_view text) {
   require(!integerQuantity(std::string(text) + 'a'));
 }
 
-/// Any text is a locale and gives one identifier, which reads as itself and under another language keeps its region.
+/// Any text is a locale and gives one identifier, which reads as itself and under another language keeps a region (a
+/// code that CLDR has replaced becomes its successor).
 void checkLocale(std::string_view text) {
   const Locale locale(text);
   require(Locale(locale.identifier()) == locale);
   const Locale other = locale.withLanguage("ko");
   require(Locale(other.identifier()) == other);
-  require(locale.region().empty() || other.region() == locale.region());
+  require(locale.region().empty() || !other.region().empty());
 }
 
 void checkNumber(double value, const Locale& locale) {
