@@ -46,36 +46,36 @@ struct CapturePreferences {
   /// Values for the fields of the same names, each absent where nothing is chosen: what a settings file says, and what
   /// preferences are built from.
   struct Choices {
-    std::optional<bool> enabled;
+    std::optional<bool> enabled{};
     /// Keyed by the raw values of `ArtifactCategory`. Other keys say nothing, but that the map is not empty. Of a key
     /// that occurs twice the last counts.
-    std::optional<JSONPairs<bool>> types;
+    std::optional<JSONPairs<bool>> types{};
     /// In any order and any spelling.
-    std::optional<std::vector<std::string>> extensions;
-    std::optional<bool> includeExtensionless;
-    std::optional<bool> includeUnlistedExtensions;
-    std::optional<bool> includeAssistantResponses;
-    std::optional<std::string> assistantResponsesResumeSince;
-    std::optional<bool> includeSubagentResponses;
-    std::optional<bool> includeSubagentArtifacts;
-    std::optional<std::string> subagentArtifactsResumeSince;
-    std::optional<std::string> documentChangesReviewSince;
-    std::optional<bool> captureTitleChanges;
-    std::optional<bool> captureLocationChanges;
-    std::optional<bool> showsAgentHomeFiles;
-    std::optional<bool> includesUserFiles;
-    std::optional<bool> includeTemporaryFolderDocuments;
-    std::optional<std::set<std::string>> excludedDocumentIDs;
-    std::optional<std::string> resumeSince;
-    std::optional<Times> typeResumeSince;
+    std::optional<std::vector<std::string>> extensions{};
+    std::optional<bool> includeExtensionless{};
+    std::optional<bool> includeUnlistedExtensions{};
+    std::optional<bool> includeAssistantResponses{};
+    std::optional<std::string> assistantResponsesResumeSince{};
+    std::optional<bool> includeSubagentResponses{};
+    std::optional<bool> includeSubagentArtifacts{};
+    std::optional<std::string> subagentArtifactsResumeSince{};
+    std::optional<std::string> documentChangesReviewSince{};
+    std::optional<bool> captureTitleChanges{};
+    std::optional<bool> captureLocationChanges{};
+    std::optional<bool> showsAgentHomeFiles{};
+    std::optional<bool> includesUserFiles{};
+    std::optional<bool> includeTemporaryFolderDocuments{};
+    std::optional<std::set<std::string>> excludedDocumentIDs{};
+    std::optional<std::string> resumeSince{};
+    std::optional<Times> typeResumeSince{};
     /// Keys in any spelling.
-    std::optional<Times> extensionResumeSince;
-    std::optional<std::string> extensionlessResumeSince;
-    std::optional<std::string> unlistedResumeSince;
-    std::optional<bool> readsSessionRecords;
-    std::optional<Switches> agentStores;
-    std::optional<Switches> outputs;
-    std::optional<Times> outputResumeSince;
+    std::optional<Times> extensionResumeSince{};
+    std::optional<std::string> extensionlessResumeSince{};
+    std::optional<std::string> unlistedResumeSince{};
+    std::optional<bool> readsSessionRecords{};
+    std::optional<Switches> agentStores{};
+    std::optional<Switches> outputs{};
+    std::optional<Times> outputResumeSince{};
   };
 
   /// Nothing chosen: documents, plans and images with the default extensions.

@@ -21,9 +21,9 @@ struct ResolvedCapturePolicy {
   /// Nothing at all is captured where this is false.
   bool enabled = false;
   /// A category that is missing is off.
-  std::map<ArtifactCategory, bool> types;
+  std::map<ArtifactCategory, bool> types{};
   /// The extensions that are listed, in their normal form: lower case, without dot.
-  std::set<std::string, std::less<>> extensions;
+  std::set<std::string, std::less<>> extensions{};
   /// Files without extension.
   bool includeExtensionless = false;
   /// Files of the category `other` whose extension is not listed.
@@ -33,21 +33,21 @@ struct ResolvedCapturePolicy {
   bool captureTitleChanges = false;
   bool captureLocationChanges = false;
   /// For every file.
-  std::optional<double> resumeSince;
+  std::optional<double> resumeSince{};
   /// For the files of a category.
-  std::map<ArtifactCategory, double> typeResumeSince;
+  std::map<ArtifactCategory, double> typeResumeSince{};
   /// For the files with a listed extension.
-  std::map<std::string, double, std::less<>> extensionResumeSince;
+  std::map<std::string, double, std::less<>> extensionResumeSince{};
   /// For files without extension.
-  std::optional<double> extensionlessResumeSince;
+  std::optional<double> extensionlessResumeSince{};
   /// For files of the category `other` whose extension is not listed.
-  std::optional<double> unlistedResumeSince;
+  std::optional<double> unlistedResumeSince{};
   /// For answers without a file.
-  std::optional<double> assistantResponsesResumeSince;
+  std::optional<double> assistantResponsesResumeSince{};
   /// Keyed by the raw values of `CaptureOutput`; keys that are none are kept.
-  std::map<std::string, bool, std::less<>> outputs;
+  std::map<std::string, bool, std::less<>> outputs{};
   /// For what comes through an output, keyed as `outputs`.
-  std::map<std::string, double, std::less<>> outputResumeSince;
+  std::map<std::string, double, std::less<>> outputResumeSince{};
 
   bool operator==(const ResolvedCapturePolicy&) const = default;
 
