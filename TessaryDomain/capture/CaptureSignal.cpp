@@ -96,9 +96,10 @@ JSONValue reducedPayload(const JSONValue& payload, bool includesResponses) {
 std::optional<std::string> encode(std::string_view source, const JSONValue& payload, bool includesResponses,
                                   bool sortKeys) {
   if (std::ranges::find(sources, source) == sources.end() || payload.object() == nullptr) return std::nullopt;
-  const JSONValue envelope =
-      JSONValue::Object{{"version", 1}, {"source", source}, {"payload", reducedPayload(payload, includesResponses)}};
-  std::optional<std::string> signal = pythonJSON(envelope, sortKeys);
+  // A list of initial values would be copied, the payload with it.
+  JSONValue::Object envelope = {{"version", 1}, {"source", source}};
+  envelope.push_back({"payload", reducedPayload(payload, includesResponses)});
+  std::optional<std::string> signal = pythonJSON(std::move(envelope), sortKeys);
   if (signal && signal->size() > maximumBytes) return std::nullopt;
   return signal;
 }

@@ -76,7 +76,7 @@ class JSONCursor {
       value = raw;
       return true;
     }
-    if (!unescape(raw, &storage)) return false;
+    if (!unescape(raw, storage)) return false;
     ++token_;
     value = storage;
     return true;
@@ -134,7 +134,7 @@ class JSONCursor {
   /// Where the tokens end before the opening quote of a broken text: holds its escapes before byte `end` to the
   /// grammar.
   [[nodiscard]] bool checkEscapes(std::size_t end) {
-    return unescape(text_.substr(*token_ + 1, end - *token_ - 1), nullptr);
+    return checkEscapes(text_.substr(*token_ + 1, end - *token_ - 1));
   }
 
   /// Behind the value on top: true if nothing follows.
@@ -170,7 +170,8 @@ class JSONCursor {
   [[nodiscard]] bool skipText();
   [[nodiscard]] bool skipScalar();
   [[nodiscard]] bool skipWord(std::string_view word);
-  [[nodiscard]] bool unescape(std::string_view raw, std::string* value);
+  [[nodiscard]] bool checkEscapes(std::string_view raw);
+  [[nodiscard]] bool unescape(std::string_view raw, std::string& value);
 
   std::string_view text_;
   const std::uint32_t* token_;

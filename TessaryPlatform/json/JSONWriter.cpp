@@ -1,6 +1,7 @@
 #include "TessaryPlatform/json/JSONWriter.h"
 
 #include <array>
+#include <bit>
 #include <charconv>
 #include <cmath>
 #include <cstring>
@@ -14,20 +15,27 @@ namespace tessary {
 
 namespace {
 
-constexpr std::uint64_t everyByte = 0x0101'0101'0101'0101;
-constexpr std::uint64_t highBits = 0x8080'8080'8080'8080;
+/// Sixteen bytes that the compiler handles at once (a vector extension that g++ and clang share); a comparison makes
+/// each byte 0xFF or 0.
+using Block = unsigned char __attribute__((vector_size(16)));
 
-/// High bits where a byte of `word` is zero, and perhaps in bytes above such a byte.
-constexpr std::uint64_t zeroBytes(std::uint64_t word) {
-  return (word - everyByte) & ~word & highBits;
-}
-
-/// Not zero if one of eight bytes is a quote, a backslash or below 0x20, or, with `stopsAtHigh`, 0x7F or above.
+/// Of sixteen bytes, the first that is a quote, a backslash or below 0x20, or, with `stopsAtHigh`, 0x7F or above; 16 if
+/// none is.
 template <bool stopsAtHigh>
-constexpr std::uint64_t specialBytes(std::uint64_t word) {
-  const std::uint64_t low = (word - everyByte * 0x20) & ~word & highBits;
-  const std::uint64_t high = stopsAtHigh ? (word & highBits) | zeroBytes(word ^ everyByte * 0x7F) : 0;
-  return low | high | zeroBytes(word ^ everyByte * '"') | zeroBytes(word ^ everyByte * '\\');
+std::size_t findSpecialInBlock(const char* bytes) {
+  Block block;
+  std::memcpy(&block, bytes, sizeof block);
+  auto special = (block < 0x20) | (block == '"') | (block == '\\');
+  if constexpr (stopsAtHigh) special |= block >= 0x7F;
+  std::array<std::uint64_t, 2> words;
+  static_assert(sizeof words == sizeof special);
+  std::memcpy(words.data(), &special, sizeof words);
+  const auto firstByte = [](std::uint64_t word) {
+    const int zeros = std::endian::native == std::endian::little ? std::countr_zero(word) : std::countl_zero(word);
+    return static_cast<std::size_t>(zeros) / 8;
+  };
+  if (words[0] != 0) return firstByte(words[0]);
+  return words[1] != 0 ? sizeof words[0] + firstByte(words[1]) : sizeof block;
 }
 
 template <bool stopsAtHigh>
@@ -38,11 +46,10 @@ constexpr bool isSpecial(unsigned char byte) {
 /// The end of the run, from `position`, of bytes that are written as they are.
 template <bool stopsAtHigh>
 std::size_t skipPlain(std::string_view text, std::size_t position) {
-  std::uint64_t word = 0;
-  while (text.size() - position >= sizeof word) {
-    std::memcpy(&word, text.data() + position, sizeof word);
-    if (specialBytes<stopsAtHigh>(word) != 0) break;
-    position += sizeof word;
+  while (text.size() - position >= sizeof(Block)) {
+    const std::size_t index = findSpecialInBlock<stopsAtHigh>(text.data() + position);
+    position += index;
+    if (index < sizeof(Block)) return position;
   }
   while (position < text.size() && !isSpecial<stopsAtHigh>(static_cast<unsigned char>(text[position])))
     ++position;

@@ -3,6 +3,7 @@
 #include <string>
 #include <string_view>
 #include <tuple>
+#include <utility>
 #include <vector>
 
 #include <gtest/gtest.h>
@@ -302,6 +303,24 @@ TEST(JSONSyntax, EveryEscapeIsDecoded) {
   ASSERT_EQ(members.size(), 1U);
   EXPECT_EQ(members[0].key, std::string("k\"\\/\b\f\n\r\t\0\xC3\xA9\xEF\xBF\xBF\xF4\x8F\xBF\xBF", 19));
   EXPECT_EQ(members[0].text, "A\\u0041");
+}
+
+TEST(JSONSyntax, AnEscapeIsDecodedWhereverItStands) {
+  constexpr std::pair<std::string_view, std::string_view> escapes[] = {{R"(\\)", "\\"},     {R"(\n)", "\n"},
+                                                                       {R"(\u0041)", "A"},  {R"(\u00E9)", "é"},
+                                                                       {R"(\uac00)", "가"}, {R"(\ud83d\ude00)", "😀"}};
+  for (std::size_t before = 0; before < 20; ++before) {
+    for (std::size_t between = 0; between < 20; ++between) {
+      for (const auto& [escape, meant] : escapes) {
+        const auto text = [&](std::string_view piece) {
+          return std::string(before, 'x') + std::string(piece) + std::string(between, 'y') + std::string(piece) + "zé";
+        };
+        const auto members = visitAll(R"({"a":")" + text(escape) + "\"}");
+        ASSERT_EQ(members.size(), 1U);
+        ASSERT_EQ(members[0].text, text(meant)) << escape;
+      }
+    }
+  }
 }
 
 TEST(JSONSyntax, AnythingButAnObjectOnTopHasNoMembers) {
