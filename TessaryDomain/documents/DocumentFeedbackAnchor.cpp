@@ -83,12 +83,12 @@ std::optional<Place> find(const DocumentFeedbackNote& note, std::string_view tex
   const std::optional<std::uint64_t> anchor = anchorValue(note.anchor);
   if (!span || list.size() > maximumLines || !anchor) return std::nullopt;
 
-  // The old place, or the window nearest to it where there is no such window: what is near the one is near the other.
+  // The window at the old place. Where the text has none there, the window at that end of it: of all windows it is the
+  // nearest to the old place, and another is the nearer to the old place the nearer it is to this one.
   const std::size_t last = list.size() - *span;
   const std::size_t near = note.startLine < 1 ? 0 : std::min(static_cast<std::size_t>(note.startLine - 1), last);
 
-  // Mostly the lines have not moved, and then no others need to be hashed. A window at an end of the text, looked at
-  // in place of one outside, is no more than a window that would be found first below.
+  // Mostly the lines have not moved, and then no others need to be hashed.
   const std::span<const std::string_view> covered = std::span(list).subspan(near, *span);
   if (combined(hashesOf(covered)) == *anchor) return Place{near, *span};
 

@@ -11,8 +11,8 @@
 // one after another, each with a state of sixteen bits, eight states to a vector of the processor: one instruction
 // takes a byte into eight windows, one more multiplies them. What is left are the windows whose low bits are those
 // that are sought, one in 65,536 of those that do not match. Their chains are run at full length, eight at a time, and
-// these decide. So the answer is that of the plain loop, collisions included, and also where somebody chose the anchor
-// so that all low bits agree the work is no more than that of the loop and an eighth.
+// these decide. So the answer is that of the plain loop, collisions included; and where somebody chose the anchor so
+// that all low bits agree, the steps are no more than those of the loop and, up to whole blocks, an eighth.
 //
 // Blocks go outwards from the place near which the window is sought, one downwards and one upwards at a time, as lines
 // that moved have mostly not moved far. When both have been looked at, every window nearer than a block's length times

@@ -182,7 +182,7 @@ TEST(NearestWindow, PrefersTheNearerAndOfTwoTheLower) {
   }
 }
 
-TEST(NearestWindow, TakesAsLongAsTheLoopAtMostWhereAllLowBitsAgree) {
+TEST(NearestWindow, IsNotMisledWhereAllLowBitsAgree) {
   // Every window is the same one, and is not the one that is sought, of which all but the highest bit agree.
   const Hashes hashes(20'000, lineHash("same"));
   const std::uint64_t same = combined(std::span(hashes).first(100));
