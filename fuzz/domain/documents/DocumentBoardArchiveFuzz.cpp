@@ -28,7 +28,7 @@ void checkValid(const DocumentBoardArchive& archive) {
   // A board that stands there twice is refused for its identifier, before anything else in it is looked at.
   if (!archive.boards.empty() && archive.boards.size() < DocumentBoardArchive::maximumBoards) {
     DocumentBoardArchive twice = archive;
-    twice.boards.push_back({.id = archive.boards[0].id});
+    twice.boards.emplace_back().id = archive.boards[0].id;
     const auto refused = std::move(twice).validated();
     require(!refused && refused.error() == DocumentBoardValidationError::duplicateID);
   }
