@@ -144,8 +144,13 @@ TEST_F(Messages, TakeTheFormOfTheCount) {
 }
 
 TEST_F(Messages, TakeTheFormOfAllOthersWhereTheCountHasNone) {
-  // French counts a million by a form that English has not; the language that was asked for counts.
-  EXPECT_EQ(catalogs.message("{0}개", 1'000'000, "xx"), "{0} things!");
+  // Spanish has no catalog here, and counts a million by a form that English has not.
+  EXPECT_EQ(catalogs.message("{0}개", 1'000'000, "es"), "{0} things!");
+}
+
+TEST_F(Messages, TakeTheCategoryOfTheLanguageThatWasAskedForFromTheEnglishForms) {
+  EXPECT_EQ(catalogs.message("{0}개", 1, "es"), "{0} thing");
+  EXPECT_EQ(catalogs.message("{0}개", 1, "ja"), "{0} things!");
   EXPECT_EQ(catalogs.message("{0}개", 1, "xx"), "{0} things!");
 }
 

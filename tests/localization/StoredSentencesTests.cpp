@@ -191,6 +191,15 @@ TEST(StoredSentences, AHugePlaceholderTakesNoMemory) {
   EXPECT_EQ(StoredSentences(catalogs).display("Tidied x", "de"), "x!");
 }
 
+TEST(StoredSentences, AWordIsOneInItsOwnPlaceholderAlone) {
+  const std::string played = "{0} 사운드를 재생했습니다";
+  const LocalizationCatalogs catalogs(
+      {{"en", madeCatalog({{played, "Played {0} from {1}"}, {"잔잔한 유리", "Calm glass"}}, {}, {played})},
+       {"de", madeCatalog({{played, "{0} aus {1} abgespielt"}, {"잔잔한 유리", "Stilles Glas"}})}});
+  EXPECT_EQ(StoredSentences(catalogs).display("Played Calm glass from Calm glass", "de"),
+            "Stilles Glas aus Calm glass abgespielt");
+}
+
 TEST(StoredSentences, AFormThatLeavesTheCountOutIsNotKnownByItsArguments) {
   const LocalizationCatalogs catalogs(
       {{"en", madeCatalog({{"{1}에 {0}개", "{0} in {1}"}}, {{"{1}에 {0}개", {{"one", "One thing in {1}"}}}},
