@@ -104,11 +104,17 @@ Fault faultOf(const DocumentBoardNode& node, Identifiers& met) {
 }
 
 Fault faultOf(const DocumentBoardEdge& edge, const Identifiers& nodes, Identifiers& met) {
-  if (!isIdentifier(edge.id) || !isIdentifier(edge.fromNodeID) || !isIdentifier(edge.toNodeID)) return invalidID;
+  if (!isIdentifier(edge.id)) return invalidID;
+  // OPTIMIZATION: a node's identifier has been checked, so an edge's end that is one needs no check of its own: three
+  // quarters of the time on a board whose identifiers are as long as can be.
+  const bool isFromNode = nodes.contains(edge.fromNodeID);
+  if (!isFromNode && !isIdentifier(edge.fromNodeID)) return invalidID;
+  const bool isToNode = nodes.contains(edge.toNodeID);
+  if (!isToNode && !isIdentifier(edge.toNodeID)) return invalidID;
   if (!met.insert(edge.id).second) return duplicateID;
   if (!isText(edge.label, Archive::maximumEdgeLabelCharacters, Lines::one)) return invalidEdge;
   if (edge.fromNodeID == edge.toNodeID) return invalidEdge;
-  if (!nodes.contains(edge.fromNodeID) || !nodes.contains(edge.toNodeID)) return invalidEdge;
+  if (!isFromNode || !isToNode) return invalidEdge;
   return std::nullopt;
 }
 
