@@ -39,7 +39,8 @@ void clean(CapturePreferences& preferences, ArtifactCategory category) {
   if (category == ArtifactCategory::code) preferences.includeExtensionless = false;
   if (category == ArtifactCategory::other) {
     preferences.includeUnlistedExtensions = false;
-    // Files without extension are code or other: where code is on, the switch is its choice.
+    // Files without extension are code or other: where code is on, the switch is its choice. In the order that
+    // `officeExtensions` has now, "csv" has always turned code on before the first file of `other`.
     if (!preferences[ArtifactCategory::code]) preferences.includeExtensionless = false;
   }
 }

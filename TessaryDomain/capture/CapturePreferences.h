@@ -47,8 +47,8 @@ struct CapturePreferences {
   /// preferences are built from.
   struct Choices {
     std::optional<bool> enabled{};
-    /// Keyed by the raw values of `ArtifactCategory`. Other keys say nothing, but that the map is not empty. Of a key
-    /// that occurs twice the last counts.
+    /// Keyed by the raw values of `ArtifactCategory`; other keys say nothing. Of a key that occurs twice the last
+    /// counts.
     std::optional<JSONPairs<bool>> types{};
     /// In any order and any spelling.
     std::optional<std::vector<std::string>> extensions{};

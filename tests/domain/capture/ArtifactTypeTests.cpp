@@ -1,5 +1,7 @@
 #include <array>
+#include <cstdint>
 #include <ostream>
+#include <random>
 #include <string>
 #include <string_view>
 
@@ -7,6 +9,9 @@
 
 #include "TessaryDomain/capture/ArtifactExtensions.h"
 #include "TessaryDomain/capture/ArtifactType.h"
+#include "TessaryDomain/capture/PythonPath.h"
+#include "TessaryDomain/capture/PythonText.h"
+#include "TessaryPlatform/text/UTF8.h"
 
 namespace tessary::CaptureRules {
 
@@ -88,6 +93,30 @@ TEST(ArtifactType, FoldsWhatFoldsToASCIIAndNothingElse) {
   EXPECT_EQ(artifactType("/a/makefilé", /*isPlan=*/false), file);
   EXPECT_EQ(artifactType(std::string_view("/a/x.md\0", 8), /*isPlan=*/false), file);
   EXPECT_EQ(artifactType(std::string_view("/a\0/x.md", 8), /*isPlan=*/false), markdownDocument);
+}
+
+// The name is folded as a whole, once, and taken apart then: the same as folding its suffix alone.
+TEST(ArtifactType, TheFoldedSuffixIsTheSuffixOfTheFoldedName) {
+  for (char32_t scalar = 0; scalar <= 0x10FFFF; ++scalar) {
+    if (scalar >= 0xD800 && scalar <= 0xDFFF) continue;
+    std::string letter;
+    appendScalar(letter, scalar);
+    const std::string folded = PythonText::casefold(letter);
+    ASSERT_FALSE(folded.empty()) << static_cast<std::uint32_t>(scalar);
+    ASSERT_EQ(folded.contains('.'), scalar == '.') << static_cast<std::uint32_t>(scalar);
+  }
+  // Among them scalars that fold to several, a final sigma, and pieces of scalars.
+  constexpr auto pieces = std::to_array<std::string_view>(
+      {".", "..", "a", "MD", "\u017F", "\uFB00", "\u00DF", "\u0130", "\u03A3", " ", "\xC3", "\xFF"});
+  std::mt19937 random(3);
+  for (int round = 0; round < 5000; ++round) {
+    std::string name;
+    for (auto count = random() % 7; count > 0; --count)
+      name += pieces[random() % pieces.size()];
+    const std::string folded = PythonText::casefold(name);
+    ASSERT_EQ(PythonPath::suffixOf(folded), PythonText::casefold(PythonPath::suffixOf(name)))
+        << testing::PrintToString(name);
+  }
 }
 
 TEST(ArtifactType, OfAPlanIsAnotherForDocumentsOnly) {
