@@ -2,20 +2,12 @@
 
 #include <algorithm>
 
-#include "TessaryPlatform/paths/Paths.h"
+#include "TessaryDomain/documents/PathExtension.h"
 #include "TessaryPlatform/text/Casing.h"
 
 namespace tessary {
 
 namespace {
-
-/// What stands behind the last "." of the last component. Unlike `Paths::extension` it takes ".gitignore" for nothing
-/// but an extension.
-std::string_view extensionOf(std::string_view path) {
-  const std::string_view name = Paths::lastComponent(path);
-  const std::size_t dot = name.rfind('.');
-  return dot == std::string_view::npos ? std::string_view() : name.substr(dot + 1);
-}
 
 bool isVideoExtension(std::string_view extension) {
   return std::ranges::binary_search(fileExtensions(ArtifactCategory::videos), std::string_view(lowercased(extension)));
@@ -44,8 +36,8 @@ ArtifactCategory categoryOfKind(std::string_view kind) {
 
 /// The extension of the file at its origin, or else of the stored copy.
 std::string_view DocumentRecord::effectiveExtension() const {
-  if (sourcePath) return extensionOf(*sourcePath);
-  return revisions.empty() ? std::string_view() : extensionOf(revisions.back().snapshotPath);
+  if (sourcePath) return pathExtension(*sourcePath);
+  return revisions.empty() ? std::string_view() : pathExtension(revisions.back().snapshotPath);
 }
 
 /// The record's own category, or else the latest revision's.
