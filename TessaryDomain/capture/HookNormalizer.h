@@ -27,8 +27,12 @@
 namespace tessary::HookNormalizer {
 
 /// The normal form of `event`, the object that the hook of `agent` was given. Absent for what is not followed: another
-/// agent, an event that `events` does not list, a tool that failed, a working folder that is no absolute path, and
-/// anything but an object. A hook then ends quietly.
+/// agent, an event that `events` does not list, a tool whose name is no text, a tool of copilot that did not succeed,
+/// an edit by cursor or windsurf whose file is no absolute path, a working folder that is none and that nothing stands
+/// in for, and anything but an object. A hook then ends quietly.
+///
+/// An event of copilot may also have no name, or "PostToolUse". Where there is no absolute `cwd`, an edit by cursor or
+/// windsurf has that of the file's folder, and an event in grok-build's own spelling has its "workspaceRoot".
 ///
 /// Where several keys of an event mean the same, the first that is there counts, even with null or with a value of no
 /// use: `{"session_id": 7, "sessionId": "a"}` has no session. An object may also be given as its JSON text, which is
