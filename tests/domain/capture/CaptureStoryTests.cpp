@@ -1,6 +1,6 @@
 // The way of a file from the hook of an agent to a captured document: the event is brought to the common form, reduced
-// to its signal, and read back; its path then goes through exclusion, typing and the user's choices, and the content of
-// the file through the last exclusion and gives the title.
+// to its signal, and read back; its path and its content then go through exclusion, the path through typing and the
+// user's choices, and the content gives the title.
 
 #include <array>
 #include <initializer_list>
@@ -89,6 +89,8 @@ std::string pathIn(const JSONValue& signal) {
 /// What the capture service then does with the file.
 Outcome judge(const std::string& path, std::string_view content, double modifiedAt) {
   if (CaptureRules::excludedArtifact(path, scope, /*temporaryDocuments=*/true)) return {.end = End::excluded};
+  // The kind and the agent tell only about an answer that is no file.
+  if (CaptureRules::internalArtifact(content, path, std::nullopt, std::nullopt)) return {.end = End::internal};
   const bool isPlan = path.contains("/.claude/plans/");
   const CaptureRules::ArtifactType type = CaptureRules::artifactType(path, isPlan);
   const PythonPath file(path);
@@ -96,7 +98,6 @@ Outcome judge(const std::string& path, std::string_view content, double modified
   const std::string_view extension = suffix.substr(suffix.empty() ? 0 : 1);
   if (!CaptureRules::artifactAllowed(type.category, modifiedAt, extension, makePolicy()))
     return {.end = End::refused, .kind = type.kind};
-  if (CaptureRules::internalArtifact(content, path, "claude", type.kind)) return {.end = End::internal};
   return {
       .end = End::captured, .kind = type.kind, .title = CaptureRules::contentTitle(content, file.name(), type.kind)};
 }
@@ -221,6 +222,13 @@ const std::vector<Step> story = {
      "\n<!-- tessary:internal -->\n# Status",
      newYear,
      {End::internal}},
+    {"qwen",
+     R"({"hook_event_name": "PostToolUse", "cwd": "/home/mina/app", "tool_name": "write_file",
+         "tool_input": {"file_path": "/home/mina/app/status.ts", "content": "for my eyes only"}})",
+     "/home/mina/app/status.ts",
+     "<!-- tessary:internal -->",
+     newYear,
+     {End::internal}},  // although the user has not chosen it either
     // What the user has not chosen.
     {"qwen",
      R"({"hook_event_name": "PostToolUse", "cwd": "/home/mina/app", "tool_name": "write_file",
