@@ -204,6 +204,21 @@ TEST(CaptureSignal, AKeptLinePassesWhole) {
             signalOfInput(R"({"patch": "*** Begin Patch of mine\n*** Add File:\u00e9\t*** \n*** End Patch."})"));
 }
 
+TEST(CaptureSignal, ALineThatIsNearlyAMarkerIsDropped) {
+  for (const std::string_view line :
+       {"*** Add File a", "*** Update File b", "*** Move to c", "*** Add Files: a", "*** Update Files: b",
+        "*** Move to : c", "*** add file: a", "*** Update file: b", "*** Move To: c", "***  Add File: a",
+        "*** End patch", "*** End Patc", "*** Begin patch", "***\\tMove to: c", "** Move to: c", "**** Move to: c",
+        "+*** Add File: a", "*** ", "***"}) {
+    EXPECT_EQ(signalOf(R"({"tool_input": {"patch": "*** Begin Patch\n)" + std::string(line) + R"("}})"),
+              signalOfInput(R"({"patch": "*** Begin Patch"})"))
+        << line;
+  }
+  EXPECT_EQ(signalOf(R"({"tool_input": {"patch": "*** Begin Patch\n*** Add File:\n*** Update File:\n*** Move to:"}})"),
+            signalOfInput(R"({"patch": "*** Begin Patch\n*** Add File:\n*** Update File:\n*** Move to:"})"))
+      << "a marker needs nothing behind it";
+}
+
 TEST(CaptureSignal, OfTheToolsAnswerOnlyItsOutcomeRemains) {
   EXPECT_EQ(signalOf(R"({"tool_response": {"output": "x", "error": {"a": [1]}, "success": "no"}})"),
             signal(R"({"tool_response": {"success": "no", "error": {"a": [1]}}})"));

@@ -111,7 +111,7 @@ TEST(NonDocumentText, IsTextThatNobodyWroteToBeRead) {
     EXPECT_TRUE(nonDocumentText(path)) << path;
   for (const std::string path :
        {"", "/a/b.txt", "/a/cmakelists.md", "/logs/b.md", "/a/logs.txt", "/a/xlogs/b.txt", "/a/log.txt",
-        "/a/xrequirements.txt", "/a/robots.txt.md", "/a/robots.txt/b", "/a/txt", "/a/requirements"})
+        "/a/xrequirements.txt", "/a/x.log.txt.txt", "/a/robots.txt.md", "/a/robots.txt/b", "/a/txt", "/a/requirements"})
     EXPECT_FALSE(nonDocumentText(path)) << path;
 }
 

@@ -176,6 +176,26 @@ TEST(HookNormalizer, CopiesWhatEveryAgentMayHaveInTheOrderOfTheNormalForm) {
   }
 }
 
+TEST(HookNormalizer, TakesOfTheOtherKeysOnlyThoseOfTheAgentsShape) {
+  const std::string all =
+      R"("cwd": "/a", "turn_id": "never", "generation_id": "g", "execution_id": "e", "agent_id": "i", )"
+      R"("parent_session_id": "p", "transcript_path": "t")";
+  const std::string always = R"(, "session_id": null, "tool_name": "", "tool_input": {}, "tool_response": {}, )"
+                             R"("last_assistant_message": null, "cwd": "/a")";
+  const std::string ofClaudesShape = R"(, "agent_id": "i", "parent_session_id": "p", "transcript_path": "t"})";
+  const auto expected = [&](std::string_view agent) {
+    if (agent == "cursor") return R"({"hook_event_name": "Stop")" + always + R"(, "turn_id": "g"})";
+    if (agent == "windsurf") return R"({"hook_event_name": "Stop")" + always + R"(, "turn_id": "e"})";
+    const bool isOwnShape = agent == "copilot" || agent == "opencode";
+    return R"({"hook_event_name": "PostToolUse")" + always + (isOwnShape ? "}" : ofClaudesShape);
+  };
+  for (const auto& [agent, names] : HookNormalizer::events)
+    EXPECT_EQ(normal(agent, accepted(agent, all)), expected(agent)) << agent;
+  EXPECT_EQ(normal("grok-build", R"({"hookEventName": "PostToolUse", )" + all + "}"),
+            R"({"hook_event_name": "PostToolUse")" + always + "}")
+      << "its own spelling is another shape";
+}
+
 TEST(HookNormalizer, LeavesOutWhatHasTheWrongType) {
   const std::string extras =
       R"("cwd": "/a", "_tessaryProducer": "{}", "agentHome": 1, "sourceKind": null, "sourceProfileLabel": ["l"], )"
