@@ -17,8 +17,8 @@ bool isTextKind(std::string_view kind) {
   return kind == "markdown" || kind == "html" || kind == "candidate" || kind == "text";
 }
 
-/// An older version stored "other" for what it could not tell apart. A text that names no category is one that a newer
-/// version chose, and is not guessed at.
+/// An older version stored "other" for what it could not tell apart. A text that names no category is not undecided: a
+/// newer version chose it, so the extension has no say, and the kind answers for it.
 bool isUndecided(const std::optional<std::string>& category) {
   return !category || *category == rawValue(ArtifactCategory::other);
 }

@@ -77,7 +77,8 @@ struct DocumentRecord {
   }
 
   /// What the document is: by its stored category, and by kind and extension where there is none, or where an older
-  /// version knew no better than "other". Of kind "text" it is code; of an unknown kind a document.
+  /// version knew no better than "other". Where the stored text names no category, the kind alone decides. Of kind
+  /// "text" it is code; of an unknown kind a document.
   [[nodiscard]] ArtifactCategory category() const;
 
   /// True for a document with more than one revision.
