@@ -276,6 +276,8 @@ TEST(DocumentRecord, IsNewUnlessItWasUpdatedOrWasThereBefore) {
   EXPECT_TRUE(made.isNewDocument());
   made.revisions[0].isPreexistingFile = false;
   EXPECT_TRUE(made.isNewDocument());
+  made.revisions[0].isIgnoredPreexistingFile = true;
+  EXPECT_TRUE(made.isNewDocument());
   made.revisions[0].isPreexistingFile = true;
   EXPECT_FALSE(made.isNewDocument());
   made.revisions = {revision(), revision()};
