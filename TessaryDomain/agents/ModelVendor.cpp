@@ -79,6 +79,11 @@ std::string_view takeDotted(std::string_view& text) {
   return part;
 }
 
+bool hasBorrowedName(std::string_view name) {
+  return std::ranges::any_of(ModelNames::borrowedPrefixes,
+                             [name](std::string_view prefix) { return name.starts_with(prefix); });
+}
+
 /// A cloud's name of a model, "us.anthropic.claude-v2".
 struct CloudName {
   ModelVendor vendor;
@@ -161,8 +166,7 @@ std::optional<ModelVendor> ModelVendor::named(std::string_view text) {
   // 2. What a cloud calls it.
   if (const auto cloud = cloudNameOf(name.last)) return cloud->vendor;
   // 3. Whose name it has only borrowed.
-  const auto isPrefix = [&](std::string_view prefix) { return name.last.starts_with(prefix); };
-  if (std::ranges::any_of(ModelNames::borrowedPrefixes, isPrefix)) return std::nullopt;
+  if (hasBorrowedName(name.last)) return std::nullopt;
   // 4. How the name begins.
   if (const auto vendor = vendorOfPrefix(name.last, ModelNames::modelPrefixes)) return vendor;
   // 5. How it begins, where that alone says too little.
@@ -187,6 +191,8 @@ std::string ModelVendor::family(ModelVendor vendor, std::optional<std::string_vi
   const std::string lowered = folded(model.value_or(std::string_view()));
   std::string_view name = nameOf(lowered).last;
   if (const auto cloud = cloudNameOf(name)) name = cloud->model;
+  // A provider of OpenAI's interface may serve it; its word is still not one of OpenAI's.
+  if (hasBorrowedName(name)) return std::string(vendor.title());
   const auto row = std::ranges::find_if(ModelNames::families, [&](const ModelNames::FamilyRow& family) {
     return family.vendor == vendor && name.starts_with(family.prefix);
   });

@@ -99,6 +99,11 @@ TEST(ModelVendor, TheFamilyIsTheWordByWhichUsersCallTheModel) {
       {nvidia, "nvidia/llama-3.1-nemotron-70b", "Nemotron"},
       {deepseek, "deepseek-ai/DeepSeek-R1-Distill-Qwen-32B", "DeepSeek"},
       {google, "claude-sonnet-4", "Google"},
+      // Nor a word that is only borrowed.
+      {openai, "gpt4all-13b", "OpenAI"},
+      {openai, "EleutherAI/gpt-j-6b", "OpenAI"},
+      {openai, "gpt-neox-20b", "OpenAI"},
+      {openai, "gpt-neo-2.7b", "GPT"},
       // Nothing known but the vendor.
       {google, "text-bison", "Google"},
       {google, std::nullopt, "Google"},

@@ -43,6 +43,7 @@ TEST(ProvenanceBadge, IsShownWhereTheModelIsNews) {
       {{.agent = "Claude", .model = "claude-sonnet-4"}, vendorBadge(ModelVendor::anthropic, "Claude")},
       {{.model = "gpt-5.2"}, vendorBadge(ModelVendor::openai, "GPT")},
       {{.agent = "opencode", .model = "big-pickle", .provider = "xai"}, vendorBadge(ModelVendor::xai, "Grok")},
+      {{.agent = "cursor", .model = "gpt4all-13b", .provider = "openai"}, vendorBadge(ModelVendor::openai, "OpenAI")},
       // In an application of someone else the model was chosen.
       {{.agent = "claude", .model = "claude-sonnet-4", .host = "Zed"}, vendorBadge(ModelVendor::anthropic, "Claude")},
       {{.agent = "claude", .model = "claude-sonnet-4", .host = "Terminal"}, std::nullopt},
