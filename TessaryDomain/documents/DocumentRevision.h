@@ -9,6 +9,7 @@
 #include "TessaryDomain/documents/DocumentRevisionProvenance.h"
 #include "TessaryPlatform/json/JSONRecord.h"
 #include "TessaryPlatform/json/JSONRecordHash.h"
+#include "TessaryPlatform/values/OptionalBox.h"
 #include "TessaryPlatform/values/RawValue.h"
 
 namespace tessary {
@@ -84,7 +85,8 @@ struct DocumentRevision {
   std::optional<bool> isIgnoredPreexistingFile{};
   std::optional<DocumentStorageKind> storageKind{};
   std::optional<std::int64_t> storagePolicyVersion{};
-  std::optional<DocumentRevisionProvenance> provenance{};
+  /// In memory of its own: it is as large as all the rest, and most revisions of a library are without one.
+  OptionalBox<DocumentRevisionProvenance> provenance{};
 
   bool operator==(const DocumentRevision&) const = default;
 };

@@ -125,10 +125,35 @@ class JSONCursor {
     return true;
   }
 
+  /// At the opening bracket of an array: how many elements it has, as far as commas tell, and at most `most`.
+  [[nodiscard]] std::size_t elementCount(std::size_t most) const {
+    if (token_ + 1 == end_ || text_[token_[1]] == ']') return 0;
+    std::size_t count = 1;
+    std::size_t depth = 0;
+    for (const std::uint32_t* token = token_; token != end_ && count < most; ++token) {
+      const char byte = text_[*token];
+      // Of the bytes that begin a token only the brackets and braces have this bit with these others.
+      const char folded = static_cast<char>(byte | 0x20);
+      if (folded == '{') ++depth;
+      if (folded == '}' && --depth == 0) break;
+      if (byte == ',' && depth == 1) ++count;
+    }
+    return count;
+  }
+
   /// Reads a member's key and its colon. `value` as in `readText`.
   [[nodiscard]] bool readKey(std::string_view& value, std::string& storage) {
     if (peek() != '"') return fail(JSONSyntaxError::Reason::expectedKey);
     return readText(value, storage) && skipColon();
+  }
+
+  /// A member's key as it is spelled, escapes and all; empty where no key stands.
+  [[nodiscard]] std::string_view spelledKey() const { return peek() == '"' ? rawText() : std::string_view(); }
+
+  /// Steps over a key without escapes, and its colon.
+  [[nodiscard]] bool skipSpelledKey() {
+    ++token_;
+    return skipColon();
   }
 
   /// Where the tokens end before the opening quote of a broken text: holds its escapes before byte `end` to the

@@ -4,9 +4,12 @@
 
 #include <algorithm>
 #include <array>
+#include <bit>
+#include <charconv>
 #include <concepts>
 #include <cstddef>
 #include <cstdint>
+#include <cstring>
 #include <functional>
 #include <string>
 #include <string_view>
@@ -18,7 +21,9 @@
 #include "TessaryPlatform/json/JSONCoder.h"
 #include "TessaryPlatform/json/JSONErrors.h"
 #include "TessaryPlatform/json/JSONForm.h"
+#include "TessaryPlatform/json/JSONPlainText.h"
 #include "TessaryPlatform/json/JSONWriter.h"
+#include "TessaryPlatform/values/RawValue.h"
 
 namespace tessary::json {
 
@@ -59,6 +64,40 @@ class ValueWriter {
   JSONEncodingError error_;
 };
 
+/// Appends `introduction`, and behind it `value` as a text, of which the quote before it stands in `introduction`.
+///
+/// OPTIMIZATION: the string is lengthened once for key and text, and the text is copied while it is looked through.
+template <std::size_t size>
+void appendTextMember(std::string& json, const std::array<char, size>& introduction, std::string_view value) {
+  const std::size_t start = json.size();
+  std::size_t copied = 0;
+  json.resize_and_overwrite(start + size + value.size() + 1, [&](char* bytes, std::size_t) {
+    std::memcpy(bytes + start, introduction.data(), size);
+    char* const text = bytes + start + size;
+    copied = copyPlain(value, text);
+    text[copied] = '"';
+    return start + size + copied + (copied == value.size() ? 1 : 0);
+  });
+  if (copied != value.size()) appendRestOfJSONText(json, value, copied, JSONStyle::Escapes::minimal);
+}
+
+/// The same for a number or a Boolean.
+template <std::size_t size, class Scalar>
+void appendScalarMember(std::string& json, const std::array<char, size>& introduction, Scalar value) {
+  constexpr std::size_t longest = 20;
+  const std::size_t start = json.size();
+  json.resize_and_overwrite(start + size + longest, [&](char* bytes, std::size_t) {
+    std::memcpy(bytes + start, introduction.data(), size);
+    char* const text = bytes + start + size;
+    if constexpr (std::same_as<Scalar, bool>) {
+      std::memcpy(text, value ? "true " : "false", 5);
+      return start + size + (value ? 4 : 5);
+    } else {
+      return static_cast<std::size_t>(std::to_chars(text, text + longest, value).ptr - bytes);
+    }
+  });
+}
+
 /// Appends the text of `value`.
 template <class T>
 [[nodiscard]] bool writeValue(ValueWriter& writer, const T& value);
@@ -73,15 +112,35 @@ template <class Range, class Projection = std::identity>
   return sorted;
 }
 
+/// Makes room for the rest of a long list, as the elements that are written let expect: they took the text behind
+/// `start`, and are `written` of `all`.
+///
+/// OPTIMIZATION: a text that grows by doubling is copied once more as a whole and touches twice the memory. So that a
+/// few long elements at the front do not claim memory without measure for all, the text is made at most eight times as
+/// long once it is long.
+inline void reserveForRest(std::string& text, std::size_t start, std::size_t written, std::size_t all) {
+  constexpr std::size_t longText = std::size_t{256} << 20;
+  const double perElement = static_cast<double>(text.size() - start) / static_cast<double>(written);
+  const double expected = static_cast<double>(start) + perElement * static_cast<double>(all) * 1.1;
+  const std::size_t most = std::max(longText, text.size() * 8);
+  const std::size_t room = expected < static_cast<double>(most) ? static_cast<std::size_t>(expected) : most;
+  if (room > text.capacity()) text.reserve(room);
+}
+
 /// `T` is the type of the elements.
 template <class T, class Elements>
 [[nodiscard]] bool writeElements(ValueWriter& writer, const Elements& elements) {
+  constexpr std::size_t firstLook = 64;
+  const std::size_t start = writer.text().size();
   std::size_t index = 0;
   writer.text() += '[';
   for (const T& element : elements) {
     if (index > 0) writer.text() += ',';
     if (!writeValue(writer, element)) return writer.within(index);
     ++index;
+    if (index >= firstLook && std::has_single_bit(index)) {
+      reserveForRest(writer.text(), start, index, elements.size());
+    }
   }
   writer.text() += ']';
   return true;
@@ -134,14 +193,15 @@ class RecordWriter {
  private:
   static constexpr const auto& fields = JSONForm<T>::fields;
 
-  /// `,"key":`
-  template <std::size_t index>
+  /// `,"key":`, and for a text `,"key":"`.
+  template <std::size_t index, bool isText>
   static constexpr auto introduction = [] {
     constexpr std::string_view key = std::get<index>(fields).key.text;
-    std::array<char, key.size() + 4> text{',', '"'};
+    std::array<char, key.size() + (isText ? 5 : 4)> text{',', '"'};
     std::ranges::copy(key, text.begin() + 2);
     text[key.size() + 2] = '"';
     text[key.size() + 3] = ':';
+    if (isText) text.back() = '"';
     return text;
   }();
 
@@ -150,10 +210,25 @@ class RecordWriter {
     const auto& field = std::get<index>(fields);
     const auto& member = record.*field.member;
     if constexpr (isOptional<std::remove_cvref_t<decltype(member)>>) {
-      if (!member) return true;
+      return !member || writeMember<index>(writer, *member);
+    } else {
+      return writeMember<index>(writer, member);
     }
-    writer.text().append(introduction<index>.data(), introduction<index>.size());
-    return writeValue(writer, member) || writer.within(field.key.text);
+  }
+
+  template <std::size_t index, class Value>
+  static bool writeMember(ValueWriter& writer, const Value& value) {
+    if constexpr (std::same_as<Value, std::string>) {
+      appendTextMember(writer.text(), introduction<index, true>, value);
+    } else if constexpr (RawRepresentable<Value>) {
+      appendTextMember(writer.text(), introduction<index, true>, rawValue(value));
+    } else if constexpr (std::integral<Value>) {
+      appendScalarMember(writer.text(), introduction<index, false>, value);
+    } else {
+      writer.text().append(introduction<index, false>.data(), introduction<index, false>.size());
+      return writeValue(writer, value) || writer.within(std::get<index>(fields).key.text);
+    }
+    return true;
   }
 };
 

@@ -50,7 +50,7 @@ struct Required {
 struct Optional {
   template <class Member>
   bool read(JSONReader& reader, Member& member) const {
-    static_assert(isOptional<Member>, "a member that can be absent is a std::optional");
+    static_assert(isOptional<Member>, "a member that can be absent is a std::optional or an OptionalBox");
     return readValue(reader, member.emplace());
   }
   template <class Member>

@@ -16,6 +16,7 @@
 #include "TessaryPlatform/json/JSONErrors.h"
 #include "TessaryPlatform/json/JSONValue.h"
 #include "TessaryPlatform/time/Date.h"
+#include "TessaryPlatform/values/OptionalBox.h"
 #include "TessaryPlatform/values/RawValue.h"
 
 namespace tessary {
@@ -54,6 +55,8 @@ template <class T>
 inline constexpr bool isOptional = false;
 template <class T>
 inline constexpr bool isOptional<std::optional<T>> = true;
+template <class T>
+inline constexpr bool isOptional<OptionalBox<T>> = true;
 
 template <class T>
 inline constexpr bool isList = false;

@@ -33,7 +33,7 @@ class JSONReader {
   [[nodiscard]] bool read(std::string& value) {
     std::string_view text;
     if (!readText(text)) return false;
-    value.assign(text);
+    value = std::string(text);
     return true;
   }
 

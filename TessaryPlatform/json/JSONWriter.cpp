@@ -185,10 +185,13 @@ void appendJSONNumber(std::string& json, double value, JSONStyle::Numbers number
 }
 
 void appendJSONText(std::string& json, std::string_view text, JSONStyle::Escapes escapes) {
+  json += '"';
+  appendRestOfJSONText(json, text, 0, escapes);
+}
+
+void appendRestOfJSONText(std::string& json, std::string_view text, std::size_t position, JSONStyle::Escapes escapes) {
   const bool isASCII = escapes == JSONStyle::Escapes::ascii;
   std::optional<bool> isWellFormed;
-  json += '"';
-  std::size_t position = 0;
   while (true) {
     const std::size_t end = skipPlain<true>(text, position);
     json.append(text.data() + position, end - position);

@@ -47,6 +47,9 @@ void appendJSONNumber(std::string& json, double value, JSONStyle::Numbers number
 /// Appends `text` in quotes. Malformed UTF-8 is written as U+FFFD, one for each maximal subpart.
 void appendJSONText(std::string& json, std::string_view text, JSONStyle::Escapes escapes);
 
+/// Appends `text` from byte `position` on, at which a scalar begins, and the quote behind it.
+void appendRestOfJSONText(std::string& json, std::string_view text, std::size_t position, JSONStyle::Escapes escapes);
+
 /// Appends a decimal integer.
 void appendJSONInteger(std::string& json, std::int64_t value);
 
