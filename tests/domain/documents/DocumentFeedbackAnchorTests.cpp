@@ -110,6 +110,15 @@ TEST(FeedbackFingerprint, KeepsABlankThatIsPartOfALongerCharacter) {
   EXPECT_EQ(fingerprintOf({"\U0001F468\u200D "}), fingerprintOf({"\U0001F468\u200D"}));
 }
 
+TEST(FeedbackFingerprint, HashesExactlyWhatIsLeftOfALine) {
+  EXPECT_EQ(fingerprintOf({"x \u0301  "}), "4aa84a43721f0781");         // x, space, mark
+  EXPECT_EQ(fingerprintOf({"\u0600  \t "}), "e348a99c0279c51a");        // the prepended mark and its space
+  EXPECT_EQ(fingerprintOf({"\u0600\t "}), "70c16611746da126");          // the prepended mark alone
+  EXPECT_EQ(fingerprintOf({"a\t\u0301"}), "e98805e542dcdbfb");          // all of it
+  EXPECT_EQ(fingerprintOf({"a \r"}), "0d0cf6d433098d31");               // all of it
+  EXPECT_EQ(fingerprint("a\n\u0301b \r\n", 1, 2), "1759f51caf8f4338");  // a; mark, b
+}
+
 TEST(FeedbackFingerprint, ReadsBrokenBytesAsReplacementCharacters) {
   EXPECT_EQ(fingerprintOf({"\uFFFD"}), "4e21cb273edda7c6");
   for (const char* line : {"\xFF", "\xFF ", "\xE2\x80", "\xF0\x9F\x98\t"})
