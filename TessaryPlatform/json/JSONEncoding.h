@@ -114,18 +114,7 @@ template <class Range, class Projection = std::identity>
 
 /// Makes room for the rest of a long list, as the elements that are written let expect: they took the text behind
 /// `start`, and are `written` of `all`.
-///
-/// OPTIMIZATION: a text that grows by doubling is copied once more as a whole and touches twice the memory. So that a
-/// few long elements at the front do not claim memory without measure for all, the text is made at most eight times as
-/// long once it is long.
-inline void reserveForRest(std::string& text, std::size_t start, std::size_t written, std::size_t all) {
-  constexpr std::size_t longText = std::size_t{256} << 20;
-  const double perElement = static_cast<double>(text.size() - start) / static_cast<double>(written);
-  const double expected = static_cast<double>(start) + perElement * static_cast<double>(all) * 1.1;
-  const std::size_t most = std::max(longText, text.size() * 8);
-  const std::size_t room = expected < static_cast<double>(most) ? static_cast<std::size_t>(expected) : most;
-  if (room > text.capacity()) text.reserve(room);
-}
+void reserveForRest(std::string& text, std::size_t start, std::size_t written, std::size_t all);
 
 /// `T` is the type of the elements.
 template <class T, class Elements>

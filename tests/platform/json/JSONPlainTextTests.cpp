@@ -104,7 +104,7 @@ TEST(JSONPlainText, RoomForAListIsWhatItsFirstElementsLetExpect) {
 }
 
 TEST(JSONPlainText, LongListsAreWrittenWholeWhereverRoomIsMade) {
-  for (const std::size_t count : std::initializer_list<std::size_t>{63, 64, 65, 127, 128, 129, 1000}) {
+  for (const std::size_t count : std::initializer_list<std::size_t>{63, 64, 65, 127, 128, 129, 1000, 300'000}) {
     std::vector<Note> notes(count, Note{"short", 5, true});
     notes[0].text = std::string(10'000, 'y');
     notes[count - 1].text = std::string(10'000, 'z');
