@@ -1,3 +1,5 @@
+#include <string>
+
 #include <gtest/gtest.h>
 
 #include "TessaryDomain/documents/DocumentLinkGraph.h"
@@ -24,6 +26,18 @@ TEST(DocumentLinkGraph, IsReadAndWrittenByItsTable) {
       {.links = {{"d1", "d2", "see also", DocumentLinkKind::project}}, .projectSuggestionsIncluded = false},
       {{"links", required, list, {.element = object}},
        {"projectSuggestionsIncluded", defaulted, boolean, {.otherwise = "true"}}});
+}
+
+TEST(DocumentLinkGraph, KeepsLinksInTheirOrderWithCirclesAndRepetitions) {
+  const std::string text =
+      R"({"links":[{"sourceID":"b","targetID":"a","label":"","kind":"wiki"},)"
+      R"({"sourceID":"a","targetID":"b","label":"x","kind":"markdown"},)"
+      R"({"sourceID":"a","targetID":"a","label":"x","kind":"project"},)"
+      R"({"sourceID":"b","targetID":"a","label":"","kind":"wiki"}],"projectSuggestionsIncluded":true})";
+  const auto read = readJSON<DocumentLinkGraph>(text);
+  ASSERT_TRUE(read);
+  EXPECT_EQ(read->links.size(), 4);
+  EXPECT_EQ(writeJSON(*read), text);
 }
 
 TEST(DocumentLinkKind, HasItsRawValuesInOrder) {

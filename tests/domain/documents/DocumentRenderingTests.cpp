@@ -341,6 +341,8 @@ TEST(DocumentProse, ReadsWhatPeopleRead) {
       // Candidates and PDFs are, of whatever name.
       {"candidate", "/a/b.py", {}, true},
       {"candidate", "", "images", true},
+      {"candidate", "/a/b.py", "code", true},
+      {"candidate", "/a/CMakeLists.txt", {}, true},
       {"pdf", "/a/b.pdf", {}, true},
       {"image", "/a/b.png", "pdfs", true},
       // What has no text is none.
@@ -373,6 +375,10 @@ TEST(DocumentProse, TheRevisionTellsTheFormatOfADocumentWithoutOrigin) {
   EXPECT_FALSE(DocumentProse::reads(record("text"), &code));
   EXPECT_TRUE(DocumentProse::reads(record("text"), &text));
   EXPECT_FALSE(DocumentProse::reads(record("text"), nullptr));
+  // The record's own revisions are not asked for it.
+  DocumentRecord document = record("text");
+  document.revisions.push_back(text);
+  EXPECT_FALSE(DocumentProse::reads(document, nullptr));
 }
 
 }  // namespace

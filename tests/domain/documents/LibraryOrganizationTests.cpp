@@ -60,6 +60,38 @@ TEST(LibraryOrganization, LeavesOutAddressesThatMayNotBeOpened) {
             R"({"":"https://example.test","a":"https://example.test/","f":"HTTP://Example.test:80/x"}})");
 }
 
+TEST(LibraryOrganization, KeepsAnAddressInTheSpellingInWhichItWasGiven) {
+  // Each of them is another text where it is looked up.
+  const LibraryOrganization::ByDocument addresses = {{"host", "https://b\u00FCcher.example"},
+                                                     {"path", "https://example.test/\u00E4|b"},
+                                                     {"port", "https://example.test:0443/"},
+                                                     {"noPort", "https://example.test:/"},
+                                                     {"escape", "https://%65xample.test"}};
+  const LibraryOrganization made({}, {}, {}, addresses);
+  EXPECT_EQ(made.documentSourceWebsiteURLs(), addresses);
+  const auto text = writeJSON(made);
+  ASSERT_TRUE(text);
+  EXPECT_EQ(organizationIn(*text).documentSourceWebsiteURLs(), addresses);
+}
+
+TEST(LibraryOrganization, OfTwoAddressesOfADocumentTheLastCountsAlsoWhereItIsRefused) {
+  const auto read = organizationIn(
+      R"({"collections":[],"documentCollections":{},"documentSourceWebsiteURLs":{"a":"https://example.test/1",)"
+      R"("b":"ftp://example.test","a":"ftp://example.test","b":"https://example.test/2"}})");
+  EXPECT_EQ(read.documentSourceWebsiteURLs(), (LibraryOrganization::ByDocument{{"b", "https://example.test/2"}}));
+}
+
+TEST(LibraryOrganization, IdentifiersThatLookAlikeAreDifferentOnes) {
+  const std::string text =
+      "{\"collections\":[{\"id\":\"b\",\"name\":\"n\"},{\"id\":\"a\",\"name\":\"n\"},{\"id\":\"b\",\"name\":\"n\"}],"
+      "\"documentCollections\":{\"A\":\"b\",\"a\":\"a\",\"e\u0301\":\"b\",\"\u00E9\":\"none\"},"
+      "\"favoriteDocumentIDs\":[\"A\",\"a\",\"e\u0301\",\"\u00E9\"],\"documentSourceWebsiteURLs\":{}}";
+  const auto read = organizationIn(text);
+  EXPECT_EQ(read.documentCollections().size(), 4);
+  EXPECT_EQ(read.favoriteDocumentIDs().size(), 4);
+  EXPECT_EQ(writeJSON(read), text);
+}
+
 TEST(LibraryOrganization, RefusesAnAddressThatIsNoText) {
   const auto read = readJSON<LibraryOrganization>(
       R"({"collections":[],"documentCollections":{},"documentSourceWebsiteURLs":{"a":null}})");
