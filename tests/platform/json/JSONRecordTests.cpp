@@ -161,6 +161,13 @@ TEST(JSONRecord, ARepairIsAppliedToWhatWasRead) {
   EXPECT_EQ(readRecord(with(R"("minutes":-1)")).minutes, 0);
 }
 
+TEST(JSONRecord, ARepairComesBehindTheRuleAndLeavesAloneWhatStandsInForAMissingKey) {
+  EXPECT_EQ(readJSON<TestShift>(R"({"minutes":5000,"share":8})"), (TestShift{1439, 0.5}));
+  for (const char* text :
+       {"{}", R"({"minutes":null,"share":null})", R"({"minutes":1,"share":1,"minutes":null,"share":null})"})
+    EXPECT_EQ(readJSON<TestShift>(text), (TestShift{5000, 0.25})) << text;
+}
+
 TEST(JSONRecord, AWireFormMigrates) {
   EXPECT_EQ(readRecord(replaced(R"("build":4)", R"("buildNumber":5)")).version, (TestVersion{"1", 5}));
   EXPECT_EQ(readRecord(replaced(R"("build":4)", R"("buildNumber":5,"build":6)")).version, (TestVersion{"1", 6}));
@@ -180,6 +187,19 @@ TEST(JSONRecord, OfARepeatedKeyTheLastValueCountsWhole) {
   EXPECT_EQ(readRecord(with(R"("switches":{"b":true,"a":true,"b":false})")).switches,
             (JSONPairs<bool>{{"b", false}, {"a", true}}));
   EXPECT_EQ(readRecord(with(R"("tags":["a","b","a"])")).tags, (std::set<std::string>{"a", "b"}));
+}
+
+TEST(JSONRecord, ANullBehindAValueTakesTheValueAway) {
+  EXPECT_EQ(readRecord(with(R"("note":"n","answer":true,"size":1,"due":1,"corner":{"x":1},"paths":["a"],"edge":"left",
+                               "roots":["a"],"isShown":false,"origin":{"x":1,"label":"l"},"volume":1,"shade":"red",
+                               "tint":"red","palette":["red"],"minutes":5,"grid":[[{"x":1}]],"tags":["a"],
+                               "favorites":["a"],"links":{"a":"b"},"places":{"a":{"x":1}},"states":{"a":"red"},
+                               "switches":{"a":true},"any":1,
+                               "note":null,"answer":null,"size":null,"due":null,"corner":null,"paths":null,"edge":null,
+                               "roots":null,"isShown":null,"origin":null,"volume":null,"shade":null,"tint":null,
+                               "palette":null,"minutes":null,"grid":null,"tags":null,"favorites":null,"links":null,
+                               "places":null,"states":null,"switches":null,"any":null)")),
+            readRecord(leastTestRecord));
 }
 
 TEST(JSONRecord, ManyRepeatedKeysOfPairsUniteInOrder) {
@@ -207,6 +227,16 @@ TEST(JSONRecord, ARecordMayKeepTheKeysThatItDoesNotKnow) {
   EXPECT_EQ(written(TestNotes{}), R"({"en":[]})");
   EXPECT_EQ(readJSON<TestNotes>(R"({"en":["a"],"fr":"b"})").error(),
             (JSONDecodingError{Kind::wrongType, {"fr"}, JSONExpectation::list, "", 17, std::nullopt}));
+}
+
+TEST(JSONRecord, OfARepeatedKeyTheFirstValueLeavesNoUnknownKeysBehind) {
+  const std::string first = R"({"en":["a"],"ko":["b"]})";
+  const std::string last = R"({"en":["c"],"fr":["d"]})";
+  const TestNotes notes{{"c"}, {{"fr", {"d"}}}};
+  EXPECT_EQ(readJSON<TestShelf>(R"({"top":)" + first + R"(,"top":)" + last + "}"), (TestShelf{notes, {}, {}}));
+  EXPECT_EQ(readJSON<TestShelf>(R"({"rest":{"r":)" + first + R"(,"r":)" + last + "}}"),
+            (TestShelf{{}, {{"r", notes}}, {}}));
+  EXPECT_EQ(readJSON<TestShelf>(R"({"o":)" + first + R"(,"o":)" + last + "}"), (TestShelf{{}, {}, {{"o", notes}}}));
 }
 
 TEST(JSONRecord, TellsWhatIsWrongWithAValueAndWhere) {
@@ -287,6 +317,7 @@ TEST(JSONRecord, TellsWhatIsWrongWithAValueAndWhere) {
       {with(R"("switches":{"a":true,"b":^0})"), Kind::wrongType, {"switches", "b"}, boolean, ""},
       // Each value of a repeated key is held to the rule.
       {with(R"("note":^1,"note":"x")"), Kind::wrongType, {"note"}, text, ""},
+      {replaced(R"("id":"a")", R"("id":^null,"id":"a")"), Kind::nullValue, {"id"}, text, ""},
       // The first error in the text is told.
       {replaced(R"("flag":true,"small":1)", R"("flag":^1,"small":"x")"), Kind::wrongType, {"flag"}, boolean, ""},
   };

@@ -160,6 +160,39 @@ struct JSONForm<TestNotes> {
   static constexpr auto otherKeys = &TestNotes::translations;
 };
 
+/// A record that holds such ones.
+struct TestShelf {
+  TestNotes top;
+  std::map<std::string, TestNotes> rest;
+  std::map<std::string, TestNotes> others;
+  bool operator==(const TestShelf&) const = default;
+};
+
+template <>
+struct JSONForm<TestShelf> {
+  static constexpr std::tuple fields{defaulted("top", &TestShelf::top), defaulted("rest", &TestShelf::rest)};
+  static constexpr auto otherKeys = &TestShelf::others;
+};
+
+/// A record with repairs that would change what stands in for its missing keys.
+struct TestShift {
+  std::int64_t minutes = 0;
+  double share = 0;
+  bool operator==(const TestShift&) const = default;
+};
+
+template <>
+struct JSONForm<TestShift> {
+  static constexpr std::tuple fields{
+      defaulted("minutes", &TestShift::minutes, 5000).repaired([](std::int64_t minutes) {
+        return minutes < 1440 ? minutes : 1439;
+      }),
+      clamped("share", &TestShift::share, {.low = 0, .high = 1, .otherwise = 0.25}).repaired([](double share) {
+        return share / 2;
+      }),
+  };
+};
+
 /// What the required keys of a TestRecord look like at the least.
 inline constexpr std::string_view leastTestRecord =
     R"({"id":"a","flag":true,"small":1,"large":2,"ratio":0.5,"when":0,"color":"red","point":{"x":3},)"
