@@ -38,6 +38,7 @@ constexpr auto summaryGroupsWithMemory =
 constexpr auto summaryPhrases = std::to_array<std::string_view>(
     {"already told user", "do not redo", "do not reset", "do not edit memory",
      "final needs exactly one memory citation", "no implementation/test/install completed"});
+constexpr FoldedPhrases summaryReminders(summaryPhrases);
 constexpr std::size_t leastSummaryPhrases = 2;
 /// The phrase that stands for the heading of the memory.
 constexpr std::size_t memoryCitationIndex = 4;
@@ -51,7 +52,8 @@ constexpr auto contractGroups =
 constexpr std::string_view codeMapName = "code_map.md";
 constexpr std::string_view codeMapTool = "generate-code-map.py";
 constexpr std::string_view codeMapWarning = "생성 파일입니다. 직접 고치지 말고";
-constexpr auto foldedCodeMapWarning = std::to_array<std::string_view>({"generated file. do not edit"});
+constexpr auto foldedCodeMapWarnings = std::to_array<std::string_view>({"generated file. do not edit"});
+constexpr FoldedPhrases foldedCodeMapWarning(foldedCodeMapWarnings);
 constexpr std::string_view codeMapHeadingEnd = "code map";
 constexpr std::size_t leastCodeMapEntries = 5;
 
@@ -96,7 +98,7 @@ bool hasMarker(std::string_view content) {
 
 /// The summary that an agent writes for its memory: what it does, with whom, what comes next, and its reminders.
 bool isMemorySummary(std::string_view content) {
-  const auto phrases = foundPhrases(content, {.phrases = summaryPhrases, .commonStart = "do not "});
+  const auto phrases = foundPhrases(content, summaryReminders);
   if (phrases.count() < leastSummaryPhrases) return false;
   const std::string structure = structuralText(content);
   return phrases[memoryCitationIndex] ? hasHeadings(structure, summaryGroups)
@@ -112,9 +114,7 @@ bool isCaptureContract(std::string_view content) {
 /// The map of the product's own sources, made by a tool.
 bool isCodeMap(std::string_view content) {
   if (!contains(content, codeMapTool)) return false;
-  if (!contains(content, codeMapWarning) &&
-      foundPhrases(content, {.phrases = foldedCodeMapWarning, .commonStart = foldedCodeMapWarning[0]}).none())
-    return false;
+  if (!contains(content, codeMapWarning) && foundPhrases(content, foldedCodeMapWarning).none()) return false;
   const std::string structure = structuralText(content);
   return CodeMapEntries::count(structure, leastCodeMapEntries) == leastCodeMapEntries &&
          anyHeading(structure, [](std::string_view heading) { return heading.ends_with(codeMapHeadingEnd); });

@@ -140,57 +140,66 @@ constexpr std::array<Fold, 19> foldsIntoASCII = {{
 }};
 static_assert(std::ranges::is_sorted(foldsIntoASCII, {}, &Fold::scalar));
 
-/// What `scalar` folds to if the table holds it, else `itself`.
-std::string_view foldOutsideASCII(char32_t scalar, std::string_view itself) {
+/// The row of `scalar`; null if the table has none.
+const Fold* foldOutsideASCII(char32_t scalar) {
   const auto* const found = std::ranges::lower_bound(foldsIntoASCII, scalar, {}, &Fold::scalar);
-  return found != foldsIntoASCII.end() && found->scalar == scalar ? found->folded : itself;
+  return found != foldsIntoASCII.end() && found->scalar == scalar ? found : nullptr;
 }
 
-/// Whether the scalar that begins with these two bytes may stand in the table: all that do are found by them.
-constexpr bool mayFoldIntoASCII(unsigned char first, unsigned char second) {
-  switch (first) {
-    case 0xC3:
-      return second == 0x9F;
-    case 0xC4:
-    case 0xC7:
-      return second == 0xB0;
-    case 0xC5:
-      return second == 0x89 || second == 0xBF;
-    case 0xE1:
-      return second == 0xBA;
-    case 0xE2:
-      return second == 0x84;
-    case 0xEF:
-      return second == 0xAC;
-    default:
-      return false;
-  }
+/// True for the first bytes of the scalars in the table, which few other scalars begin with.
+constexpr bool leadsFoldIntoASCII(unsigned char byte) {
+  return (byte >= 0xC3 && byte <= 0xC7) || byte == 0xE1 || byte == 0xE2 || byte == 0xEF;
 }
 
-/// True if of the sixteen bytes at `position` one begins a scalar for which `mayFoldIntoASCII` holds. The byte behind
-/// them is looked at as well.
-bool blockMayFoldIntoASCII(std::string_view text, std::size_t position) {
+/// Of the sixteen bytes at `position`, the first that may begin a scalar of the table, judged by two or three bytes; 16
+/// if none does. All scalars of the table are found. The two bytes behind them are looked at as well.
+std::size_t findFoldIntoASCIIInBlock(std::string_view text, std::size_t position) {
+  constexpr std::size_t none = sizeof(Block);
   const Block first = blockAt(text, position);
-  const auto [outsideLow, outsideHigh] = halves(first & 0x80);
-  if ((outsideLow | outsideHigh) == 0) return false;
+  // OPTIMIZATION: most scripts have no such first byte (`leadsFoldIntoASCII`) at all, and take no second look.
+  const auto [firstLow, firstHigh] = halves((first - 0xC3 < 5) | (first - 0xE1 < 2) | (first == 0xEF));
+  if ((firstLow | firstHigh) == 0) return none;
   const Block second = blockAt(text, position + 1);
+  const Block third = blockAt(text, position + 2);
   const auto found = ((first == 0xC3) & (second == 0x9F)) | (((first == 0xC4) | (first == 0xC7)) & (second == 0xB0)) |
-                     ((first == 0xC5) & ((second == 0x89) | (second == 0xBF))) | ((first == 0xE1) & (second == 0xBA)) |
-                     ((first == 0xE2) & (second == 0x84)) | ((first == 0xEF) & (second == 0xAC));
+                     ((first == 0xC5) & ((second == 0x89) | (second == 0xBF))) |
+                     ((first == 0xE1) & (second == 0xBA) & (third - 0x96 < 9)) |
+                     ((first == 0xE2) & (second == 0x84) & (third == 0xAA)) |
+                     ((first == 0xEF) & (second == 0xAC) & (third < 0x87));
   const auto [low, high] = halves(found);
-  return (low | high) != 0;
+  if (low != 0) return firstByte(low);
+  return high != 0 ? sizeof low + firstByte(high) : none;
 }
 
-/// The first place at or behind `position` where a scalar for which `mayFoldIntoASCII` holds may begin, or the end of
-/// the text.
+/// True if the sixty-four bytes at `position` are ASCII.
+bool areFourBlocksASCII(std::string_view text, std::size_t position) {
+  constexpr std::size_t size = sizeof(Block);
+  const Block bytes = blockAt(text, position) | blockAt(text, position + size) | blockAt(text, position + 2 * size) |
+                      blockAt(text, position + 3 * size);
+  const auto [low, high] = halves(bytes & 0x80);
+  return (low | high) == 0;
+}
+
+/// The first place at or behind `position` where a scalar begins that the table holds, or the end of the text.
 std::size_t findFoldIntoASCII(std::string_view text, std::size_t position) {
-  // OPTIMIZATION: sixteen bytes at once, nearly all of which hold none.
-  while (text.size() - position > sizeof(Block) && !blockMayFoldIntoASCII(text, position))
-    position += sizeof(Block);
-  for (; position + 1 < text.size(); ++position) {
-    if (mayFoldIntoASCII(byteAt(text, position), byteAt(text, position + 1))) return position;
+  const auto isFoldAt = [text](std::size_t index) {
+    return leadsFoldIntoASCII(byteAt(text, index)) && foldOutsideASCII(decodeScalar(text, index).scalar) != nullptr;
+  };
+  // OPTIMIZATION: many bytes at once, nearly all of which hold none.
+  while (text.size() - position >= sizeof(Block) + 2) {
+    if (text.size() - position >= 4 * sizeof(Block) && areFourBlocksASCII(text, position)) {
+      position += 4 * sizeof(Block);
+      continue;
+    }
+    const std::size_t index = findFoldIntoASCIIInBlock(text, position);
+    position += index;
+    if (index == sizeof(Block)) continue;
+    if (isFoldAt(position)) return position;
+    ++position;
   }
-  return text.size();
+  while (position < text.size() && !isFoldAt(position))
+    ++position;
+  return position;
 }
 
 /// Makes the ASCII letters from `position` on small.
@@ -327,6 +336,10 @@ std::vector<std::string_view> components(std::string_view text, char32_t separat
   return pieces;
 }
 
+bool foldsWithinASCII(std::string_view text) noexcept {
+  return findFoldIntoASCII(text, 0) == text.size();
+}
+
 std::string casefold(std::string_view text) {
   std::string folded;
   folded.reserve(text.size());
@@ -340,7 +353,7 @@ std::string casefold(std::string_view text) {
     position = end;
     if (position == text.size()) break;
     const DecodedScalar decoded = decodeScalar(text, position);
-    folded += foldOutsideASCII(decoded.scalar, text.substr(position, decoded.byteCount));
+    folded += foldOutsideASCII(decoded.scalar)->folded;
     position += decoded.byteCount;
   }
   return folded;

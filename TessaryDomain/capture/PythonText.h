@@ -70,6 +70,10 @@ inline constexpr std::string_view spaceClass =
 /// Greek and Cyrillic capitals, are not folded. Do not use it where both sides may be outside ASCII.
 [[nodiscard]] std::string casefold(std::string_view text);
 
+/// True for a text of which `casefold` changes "A" to "Z" and nothing else; nearly all texts are such. One pass over
+/// the bytes.
+[[nodiscard]] bool foldsWithinASCII(std::string_view text) noexcept;
+
 /// The same without an allocation for ASCII text without capitals, which is most names: the answer is then `text`
 /// itself, else a view into `storage`, which is overwritten. Both must outlive the answer, and `text` must not lie in
 /// `storage`.

@@ -53,6 +53,22 @@ std::string korean() {
       "```\n");
 }
 
+/// Prose with letters that have to be folded by more than a bit, as often as German has them and more.
+std::string german() {
+  return repeated(
+      "Der schnelle Fuchs läuft über die Straße, dann in den Wald und später wieder nach Hause, wenn niemand "
+      "hinsieht.\n"
+      "\n"
+      "- Ein Punkt einer Liste, mit `code` darin, der nicht vor dem Ende der Zeile aufhört.\n"
+      "- Größer als der andere.\n"
+      "\n"
+      "## Überschrift eines Abschnitts\n"
+      "\n"
+      "```cpp\n"
+      "int main() { return 0; }\n"
+      "```\n");
+}
+
 /// Every condition but the last: a heading that would end it all is missing.
 const std::string_view codeMapStart = "generate-code-map.py. Generated file. Do not edit.\n- `Tests/a`\n- `Tests/a`\n";
 const std::string_view codeMapEnd = "\n- `Tests/a`\n- `Tests/a`\n- `Tests/a`\n";
@@ -101,6 +117,13 @@ void registerAll(const char* language, const std::string& text) {
 const bool isRegistered = [] {
   registerAll("English", english());
   registerAll("Korean", korean());
+  registerAll("German", german());
+  registerAll("one line", repeated("and so on, "));
+  registerAll("empty lines", repeated("\n"));
+  registerAll("headings", repeated("# a heading\n"));
+  registerAll("fences", repeated("```\n"));
+  registerAll("starts of phrases", repeated("Do not re"));
+  registerAll("marks", repeated("- `"));
   return true;
 }();
 

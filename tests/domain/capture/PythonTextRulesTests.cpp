@@ -90,14 +90,29 @@ std::string slowCasefold(const std::vector<Piece>& text) {
   return folded;
 }
 
+/// True if the fold makes the capitals of ASCII small and changes nothing else.
+bool slowFoldsWithinASCII(const std::vector<Piece>& text) {
+  std::string folded = joined(text, 0, text.size());
+  for (char& byte : folded) {
+    if (byte >= 'A' && byte <= 'Z') byte = static_cast<char>(byte - 'A' + 'a');
+  }
+  return folded == slowCasefold(text);
+}
+
+void checkFolds(std::string_view text) {
+  const std::vector<Piece> scalars = pieces(text);
+  std::string storage;
+  ASSERT_EQ(PythonText::casefold(text), slowCasefold(scalars)) << testing::PrintToString(text);
+  ASSERT_EQ(PythonText::casefold(text, storage), slowCasefold(scalars)) << testing::PrintToString(text);
+  ASSERT_EQ(PythonText::foldsWithinASCII(text), slowFoldsWithinASCII(scalars)) << testing::PrintToString(text);
+}
+
 void checkAgainstTheRules(std::string_view text) {
   const std::vector<Piece> scalars = pieces(text);
   ASSERT_EQ(PythonText::strip(text), slowStrip(scalars)) << testing::PrintToString(text);
   ASSERT_EQ(owned(PythonText::split(text)), slowSplit(scalars)) << testing::PrintToString(text);
   ASSERT_EQ(owned(PythonText::splitlines(text)), slowSplitlines(scalars)) << testing::PrintToString(text);
-  std::string storage;
-  ASSERT_EQ(PythonText::casefold(text), slowCasefold(scalars)) << testing::PrintToString(text);
-  ASSERT_EQ(PythonText::casefold(text, storage), slowCasefold(scalars)) << testing::PrintToString(text);
+  ASSERT_NO_FATAL_FAILURE(checkFolds(text));
   for (std::size_t count = 0; count <= scalars.size(); ++count)
     ASSERT_EQ(PythonText::prefix(text, count), joined(scalars, 0, count)) << testing::PrintToString(text);
 }
@@ -153,6 +168,18 @@ TEST(PythonTextRules, HoldForAFoldIntoASCIIAtEveryPlaceInAWord) {
           text += filler;
         ASSERT_NO_FATAL_FAILURE(checkAgainstTheRules(text + fold + text));
       }
+    }
+  }
+}
+
+TEST(PythonTextRules, HoldForAFoldIntoASCIIBehindALongerRun) {
+  for (const std::string fold :
+       {"\u00DF", "\u1E9E", "\u212A", "\uFB06", "\u1EA0", "\u2122", "\uFB07", "\xE1\xBA", "\xC3"}) {
+    for (std::size_t before = 36; before < 150; ++before) {
+      const std::string text(before, 'X');
+      ASSERT_NO_FATAL_FAILURE(checkFolds(text + fold));
+      ASSERT_NO_FATAL_FAILURE(checkFolds(text + fold + text));
+      ASSERT_NO_FATAL_FAILURE(checkFolds(text + "\u1EA0" + fold + "\u1EA0" + text + fold + "yz"));
     }
   }
 }

@@ -82,6 +82,9 @@ TEST(PythonText, FoldsOutsideASCIIOnlyWhatCPythonFoldsIntoIt) {
     const auto fold = folds.find(scalar);
     ASSERT_EQ(PythonText::casefold(text), fold == folds.end() ? text : fold->second)
         << std::hex << static_cast<unsigned>(scalar);
+    // Long enough to be looked at in blocks.
+    ASSERT_EQ(PythonText::foldsWithinASCII(text + "and some more text"), fold == folds.end())
+        << std::hex << static_cast<unsigned>(scalar);
   }
 }
 
@@ -204,6 +207,9 @@ TEST(PythonText, FoldsOnlyTowardsASCII) {
   EXPECT_EQ(PythonText::casefold("\u212A"), "k");
   EXPECT_EQ(PythonText::casefold("\u00C4"), "\u00C4");
   EXPECT_EQ(PythonText::casefold("\u0414\u03A3"), "\u0414\u03A3");
+  EXPECT_TRUE(PythonText::foldsWithinASCII("MAKEFILE \u00C4"));
+  EXPECT_TRUE(PythonText::foldsWithinASCII(""));
+  EXPECT_FALSE(PythonText::foldsWithinASCII("stra\u00DFe"));
 }
 
 TEST(PythonText, FindsOnlyASCIIInASet) {
