@@ -1,5 +1,6 @@
 // What an archive of boards may hold, and in which order its faults are told. Texts and days have tests of their own.
 
+#include <algorithm>
 #include <cmath>
 #include <limits>
 #include <set>
@@ -215,6 +216,20 @@ TEST(DocumentBoardArchiveValidation, AcceptsIdentifiersOfOneToAHundredAndTwentyE
     board = boardOf("b");
     board.edges[0].id = id;
     EXPECT_EQ(outcome(board), expected) << size;
+  }
+}
+
+TEST(DocumentBoardArchiveValidation, HoldsTheEndsOfAnEdgeToTheLengthOfIdentifiersBeforeItSeeksThem) {
+  for (std::string DocumentBoardEdge::* end : {&DocumentBoardEdge::fromNodeID, &DocumentBoardEdge::toNodeID}) {
+    for (const std::size_t size : {0U, 1U, 2U, 127U, 128U, 129U, 1'000'000U}) {
+      const bool isIdentifier = size >= 1 && size <= 128;
+      DocumentBoard board = boardOf("b");
+      board.edges[1].*end = std::string(size, 'x');
+      EXPECT_EQ(outcome(board), isIdentifier ? "invalidEdge" : "invalidID") << size << ", of no node";
+      // The longest identifier is a node's, and what is longer begins with it.
+      board.nodes.push_back(freeNode(std::string(std::min<std::size_t>(size, 127) + 1, 'x')));
+      EXPECT_EQ(outcome(board), size == 128 ? "valid" : isIdentifier ? "invalidEdge" : "invalidID") << size;
+    }
   }
 }
 
