@@ -338,6 +338,19 @@ TEST(FeedbackRelocate, SurvivesLinesAtTheEndsOf64Bits) {
   }
 }
 
+TEST(FeedbackRelocate, LosesANoteOfNoLinesWhateverItsAnchorSays) {
+  // The combination of no lines; a number of lines taken in 64 bits would come round to none for the last two.
+  DocumentFeedbackNote note = noteOn("a", 1, 1);
+  note.anchor = fingerprintOf({});
+  for (const auto& [start, end] : std::vector<std::pair<std::int64_t, std::int64_t>>{
+           {1, 0}, {2, 1}, {greatest, greatest - 1}, {0, -1}, {greatest, least}, {least, greatest}}) {
+    note.startLine = start;
+    note.endLine = end;
+    for (const char* text : {"", "a", "a\nb\n"})
+      expectRelocated(note, text, lost(note));
+  }
+}
+
 TEST(FeedbackRelocate, SearchesNoTextOfMoreThan50000Lines) {
   EXPECT_EQ(maximumLines, 50'000);
   std::string text(49'998, '\n');
