@@ -94,6 +94,17 @@ TEST(FeedbackEnvironment, KeepsEachPartToOneLineOfBoundedLength) {
   EXPECT_EQ(machine.environment().model, "a\ufffdb");
 }
 
+TEST(FeedbackEnvironment, ReadsTheFirst65536BytesOfAFile) {
+  const Machine machine;
+  const std::string line = "\nNAME=A";
+  for (const std::size_t size : {65'535U, 65'536U}) {
+    machine.write("etc/os-release", std::string(size - line.size(), '#') + line);
+    EXPECT_EQ(machine.environment().macOS, "A") << size;
+  }
+  machine.write("etc/os-release", std::string(65'537 - line.size(), '#') + line);
+  EXPECT_EQ(machine.environment().macOS, "Linux");
+}
+
 TEST(FeedbackEnvironment, WritesOneLineOfDiagnostics) {
   const FeedbackEnvironment environment{"1.4", "140", "x86_64", "Debian GNU/Linux 12 (6.1)", "ThinkPad"};
   EXPECT_EQ(environment.diagnosticsLine(), "Tessary 1.4 (140) · x86_64 · Debian GNU/Linux 12 (6.1) · ThinkPad");
