@@ -22,9 +22,10 @@ inline constexpr std::size_t maximumBytes = 2'048;
 /// its path can be written with its escapes; a host cannot.
 ///
 /// The answer is in the form of `URL`, so its text is ASCII, with a Unicode host as the name that is looked up
-/// ("https://bücher.example" is "https://xn--bcher-kva.example"), and can be longer than `maximumBytes`. Letter case,
-/// path and escapes stay as they are written, and nothing is added: "https://example.test" gets no "/". A validated
-/// text validates again, unchanged, as long as it is not too long.
+/// ("https://bücher.example" is "https://xn--bcher-kva.example"), and can be longer than `maximumBytes`. In an ASCII
+/// host escapes are undone where they can be, and have capital digits where they cannot. Otherwise letter case, path
+/// and escapes stay as they are written, and nothing is added: "https://example.test" gets no "/". A validated text
+/// validates again, unchanged, as long as it is not too long.
 [[nodiscard]] std::optional<URL> validated(std::optional<std::string_view> text);
 
 }  // namespace tessary::DocumentWebsiteURL

@@ -107,6 +107,8 @@ TEST(DocumentWebsiteURL, AnswersWithTheFormThatIsLookedUp) {
            Row{"https://ｅxample.test/", "https://example.test/"},
            Row{"https://１２７.０.０.１/", "https://127.0.0.1/"},
            Row{"https://%65xample.test/", "https://example.test/"},
+           // What a host may not hold plainly keeps its escape.
+           Row{"https://a%3a80%2C%5bb.test/%5b", "https://a%3A80,%5Bb.test/%5b"},
            Row{"https://b%C3%BCcher.example./", "https://xn--bcher-kva.example./"},
            Row{"https://example.test:/", "https://example.test/"},
            Row{"https://example.test:0443/", "https://example.test:443/"},
