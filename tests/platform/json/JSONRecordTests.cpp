@@ -241,6 +241,27 @@ TEST(JSONRecord, OfARepeatedKeyTheFirstValueLeavesNoUnknownKeysBehind) {
   EXPECT_EQ(readJSON<TestShelf>(R"({"o":)" + first + R"(,"o":)" + last + "}"), (TestShelf{{}, {}, {{"o", notes}}}));
 }
 
+TEST(JSONRecord, TellsAsManyKeysApartAsARecordMayHave) {
+  const auto keyOf = [](int index) { return std::string(index < 10 ? "k0" : "k") + std::to_string(index); };
+  const auto textWithout = [&](int left) {
+    std::string text;
+    for (int index = 0; index < 64; ++index) {
+      if (index != left) text += (text.empty() ? "{\"" : ",\"") + keyOf(index) + "\":" + std::to_string(index + 1);
+    }
+    return text + "}";
+  };
+  const std::string text = textWithout(-1);
+  const auto read = readJSON<TestWide>(text);
+  ASSERT_TRUE(read);
+  EXPECT_EQ(static_cast<const TestCell<63>&>(*read).value, 64);
+  EXPECT_EQ(writeJSON(*read), text);
+  for (int left = 0; left < 64; ++left) {
+    EXPECT_EQ(readJSON<TestWide>(textWithout(left)).error(),
+              (JSONDecodingError{Kind::missingKey, {keyOf(left)}, std::nullopt, "", 0, std::nullopt}))
+        << left;
+  }
+}
+
 TEST(JSONRecord, TellsWhatIsWrongWithAValueAndWhere) {
   // The position is that of the marked byte.
   struct Row {

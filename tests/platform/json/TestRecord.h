@@ -1,5 +1,7 @@
 #pragma once
 
+#include <array>
+#include <cstddef>
 #include <cstdint>
 #include <expected>
 #include <map>
@@ -191,6 +193,31 @@ struct JSONForm<TestShift> {
         return share / 2;
       }),
   };
+};
+
+/// One member of a record of many keys, "k00" to "k63".
+template <std::size_t index>
+struct TestCell {
+  std::int64_t value = 0;
+  bool operator==(const TestCell&) const = default;
+  static constexpr std::array<char, 4> key{'k', '0' + index / 10, '0' + index % 10, '\0'};
+};
+
+template <class Indices>
+struct TestCells;
+template <std::size_t... index>
+struct TestCells<std::index_sequence<index...>> : TestCell<index>... {
+  bool operator==(const TestCells&) const = default;
+};
+
+/// A record of as many keys as there may be.
+using TestWide = TestCells<std::make_index_sequence<64>>;
+
+template <std::size_t... index>
+struct JSONForm<TestCells<std::index_sequence<index...>>> {
+  using Cells = TestCells<std::index_sequence<index...>>;
+  static constexpr std::tuple fields{
+      required(TestCell<index>::key.data(), static_cast<std::int64_t Cells::*>(&TestCell<index>::value))...};
 };
 
 /// What the required keys of a TestRecord look like at the least.
