@@ -152,6 +152,8 @@ TEST(AgentSourceProfile, AnAccountNameCountsOnlyWhereItIsVerifiedAndMoreThanBlan
       {true, "Work", true},
       {true, "  Work\n", true},
       {true, "\u200B", true},  // A space of no width is no white space.
+      {true, "\x1F", true},    // Nor is a separator, which only Python takes for one.
+      {true, std::string(1, '\0'), true},
       {true, " \t\r\n\u00A0\u2028\u3000", false},
       {true, "", false},
       {true, std::nullopt, false},

@@ -50,6 +50,9 @@ constexpr auto names = std::to_array<NameRow>({
     {"microsoft/phi-4-reasoning-plus", microsoft},
     {"microsoft/wizardlm-2-8x22b", microsoft},
     {"google/claude-3", google},
+    // Also in front of a cloud's name and of one that is only borrowed.
+    {"google/anthropic.claude-v2", google},
+    {"openai/gpt-j-6b", openai},
     {"/anthropic//command/", anthropic},
     // Other paths leave it to the last part.
     {"openrouter/anthropic/claude-sonnet-4.5", anthropic},
@@ -77,6 +80,7 @@ constexpr auto names = std::to_array<NameRow>({
     {"cohere/command-r-plus-08-2024", none},
     {"perplexity/sonar-pro", none},
     {"EleutherAI/gpt-j-6b", none},
+    {"gpt4all/llama-3", meta},
     // A publisher without a model is none.
     {"anthropic/", none},
     {"//google//", none},
@@ -123,6 +127,7 @@ constexpr auto names = std::to_array<NameRow>({
     {"  claude-opus-4-1\r\n", anthropic},
     {"\u00A0claude-instant-1.2\u2029", anthropic},
     {"\u200Bclaude", none},
+    {"\u001Fclaude", none},
     {"claude-sonnet-4-5[1m]", anthropic},
     {"opus[1m]", none},
     {"sonnet", none},
@@ -204,6 +209,11 @@ constexpr auto names = std::to_array<NameRow>({
     {":claude", none},
     {"[claude]", none},
     {"claude:", anthropic},
+    // Nothing behind the first mark of a variant counts, neither a path nor another mark.
+    {"any[1m]/claude", none},
+    {"any:7b/claude", none},
+    {"any:7b/claude:beta", none},
+    {"openai[1m]/any", none},
     {".", none},
     {"\xFF\xFE", none},
 });
