@@ -94,6 +94,7 @@ const std::vector<CategoryRow> categoryRows = {
     {"file", "/a/b.mov", "other", videos},
     {"file", "/a/b.mov", "Other", other},
     {"file", "/a/b.mov", "no category", other},
+    {"file", "/a/b.mov", "", other},
     {"image", "/a/b.mov", {}, images},
     {"markdown", "/a/b.mov", {}, documents},
     {"file", "/a/b.avi", {}, videos},
@@ -114,6 +115,7 @@ const std::vector<CategoryRow> categoryRows = {
     {"file", "/a/b.md", "other", documents},
     {"file", "/a/b.md", "images", images},
     {"file", "/a/b.md", "no category", other},
+    {"file", "/a/b.md", "", other},
     {"file", "/a/b.swift", {}, code},
     {"file", "/a/b.TXT", "other", code},
     {"image", "/a/b.md", "other", other},
@@ -162,8 +164,10 @@ TEST(DocumentRecord, ARecordsOwnCategoryHidesThatOfItsRevisions) {
   made.artifactCategory = "images";
   EXPECT_EQ(made.category(), images);
   // Also one that names none: then the kind decides.
-  made.artifactCategory = "no category";
-  EXPECT_EQ(made.category(), documents);
+  for (const char* unnamed : {"no category", ""}) {
+    made.artifactCategory = unnamed;
+    EXPECT_EQ(made.category(), documents) << unnamed;
+  }
 }
 
 TEST(DocumentRecord, WithoutAPathTheExtensionIsThatOfTheLatestCopy) {
@@ -244,7 +248,8 @@ TEST(DocumentRecord, TextIsReadByKindAndOfOldFilesByExtension) {
       {"file", "/a/b.md", "plans", false},  {"file", "/a/b.md", "no category", false},
       {"file", "/a/b.docx", {}, false},     {"file", "/a/b.mov", {}, false},
       {"image", "/a/b.md", {}, false},      {"markdown", "/a/b.png", "images", true},
-      {"candidate", {}, "other", true},
+      {"candidate", {}, "other", true},     {"file", "/a/b.py", "code", false},
+      {"image", "/a/b.py", "code", false},
   };
   for (const Row& row : rows) {
     const DocumentRecord made = recordOf({row.kind, row.path, row.stored, other});

@@ -176,6 +176,10 @@ const std::vector<ResolveRow> resolveRows = {
     {"text", "/a/GNUmakefile", {}, Format::code("makefile")},
     {"text", "/a/BSDmakefile", {}, Format::code("makefile")},
     {"text", "/a/makefile.am", {}, Format::code("am")},
+    // The Kelvin sign is a capital k in names as well.
+    {"text", "/a/Ma\u212AeFile", {}, Format::code("makefile")},
+    {"text", "/a/Doc\u212Aerfile.prod", {}, Format::code("dockerfile")},
+    {"markdown", "/a/CMa\u212AeLists.txt", {}, Format::code("cmake")},
     {"markdown", "/a/Makefile", {}, Format::markdown()},
     // Code without an extension, and with one that has no row.
     {"text", "/a/b", {}, Format::code(std::nullopt)},
