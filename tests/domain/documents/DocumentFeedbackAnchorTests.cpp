@@ -329,6 +329,12 @@ TEST(FeedbackRelocate, SurvivesLinesAtTheEndsOf64Bits) {
       expectRelocated(placed, text, foundAt(placed, row.foundAt));
     }
   }
+  // All 2^64 lines are not none, whose fingerprint would be the offset basis.
+  DocumentFeedbackNote all = note;
+  all.startLine = least;
+  all.endLine = greatest;
+  all.anchor = "cbf29ce484222325";
+  expectRelocated(all, text, lost(all));
   // Four lines, found whole wherever they were.
   DocumentFeedbackNote whole = noteOn(text, 1, 4);
   for (const std::int64_t start : {greatest - 3, least, std::int64_t{-1}, std::int64_t{2}}) {

@@ -42,6 +42,8 @@ TEST(ProvenanceBadge, IsShownWhereTheModelIsNews) {
       {{.agent = "claude", .model = "z-ai/glm-4.6"}, vendorBadge(ModelVendor::zhipu, "GLM")},
       {{.agent = "Claude", .model = "claude-sonnet-4"}, vendorBadge(ModelVendor::anthropic, "Claude")},
       {{.model = "gpt-5.2"}, vendorBadge(ModelVendor::openai, "GPT")},
+      {{.agent = "", .model = "claude-sonnet-4"}, vendorBadge(ModelVendor::anthropic, "Claude")},
+      {{.model = "claude-sonnet-4", .host = "claude"}, vendorBadge(ModelVendor::anthropic, "Claude")},
       {{.agent = "opencode", .model = "big-pickle", .provider = "xai"}, vendorBadge(ModelVendor::xai, "Grok")},
       {{.agent = "cursor", .model = "gpt4all-13b", .provider = "openai"}, vendorBadge(ModelVendor::openai, "OpenAI")},
       // In an application of someone else the model was chosen.
