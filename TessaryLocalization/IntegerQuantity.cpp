@@ -4,6 +4,7 @@
 
 #include <unicode/uchar.h>
 
+#include "TessaryPlatform/text/ASCII.h"
 #include "TessaryPlatform/text/GraphemeClusters.h"
 #include "TessaryPlatform/text/UTF8.h"
 
@@ -24,7 +25,7 @@ std::optional<char32_t> onlyScalar(std::string_view character) {
 
 std::optional<std::int64_t> wholeNumber(char32_t scalar) {
   if (scalar < 0x80) {
-    if (scalar < U'0' || scalar > U'9') return std::nullopt;
+    if (!isASCIIDigit(scalar)) return std::nullopt;
     return scalar - U'0';
   }
   const double value = u_getNumericValue(static_cast<UChar32>(scalar));

@@ -11,6 +11,7 @@
 #include "TessaryLocalization/LocalizationRuntime.h"
 #include "TessaryLocalization/NumberTexts.h"
 #include "TessaryLocalization/RelativeTimeFormatters.h"
+#include "TessaryPlatform/text/ASCII.h"
 #include "TessaryPlatform/time/ISO8601.h"
 #include "TessaryPlatform/time/SystemTimeZone.h"
 
@@ -39,10 +40,6 @@ bool hasSeparatedOffset(std::string_view text) {
   return (offset[0] == '+' || offset[0] == '-') && offset[3] == ':';
 }
 
-bool isDigit(char byte) {
-  return byte >= '0' && byte <= '9';
-}
-
 /// The template with `value` in the place of "%.nf", n being one digit. It is laid out as the C library does, without
 /// groups, but in the digits and with the decimal sign of the locale, and rounded as all numbers here. "%%" is a "%",
 /// and one that begins nothing else stands for itself.
@@ -53,7 +50,7 @@ std::string filled(std::string_view format, double value, const Locale& locale) 
     text += format.substr(0, sign);
     if (sign == std::string_view::npos) break;
     format.remove_prefix(sign);
-    if (format.size() >= 4 && format[1] == '.' && isDigit(format[2]) && format[3] == 'f') {
+    if (format.size() >= 4 && format[1] == '.' && isASCIIDigit(format[2]) && format[3] == 'f') {
       const int digits = format[2] - '0';
       text +=
           numberText(value, {.leastFractionDigits = digits, .mostFractionDigits = digits, .isGrouped = false}, locale);

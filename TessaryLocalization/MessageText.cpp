@@ -2,6 +2,7 @@
 
 #include <charconv>
 
+#include "TessaryPlatform/text/ASCII.h"
 #include "TessaryPlatform/text/GraphemeClusters.h"
 #include "TessaryPlatform/text/UTF8.h"
 
@@ -13,7 +14,7 @@ constexpr bool isASCII(char byte) {
 }
 
 constexpr bool isSignOrDigit(char byte) {
-  return byte == '+' || byte == '-' || (byte >= '0' && byte <= '9');
+  return byte == '+' || byte == '-' || isASCIIDigit(byte);
 }
 
 /// True where a character begins at the brace at `position`. Only the scalar before it can take a brace in, so it is

@@ -5,21 +5,17 @@
 
 #include "TessaryPlatform/text/RegularExpression.h"
 #include "TessaryPlatform/text/UTF8.h"
+#include "TessaryPlatform/text/WhiteSpace.h"
 
 namespace tessary {
 namespace {
-
-/// What "." does not match.
-constexpr bool isLineEnd(char32_t scalar) {
-  return (scalar >= 0x0A && scalar <= 0x0D) || scalar == 0x85 || scalar == 0x2028 || scalar == 0x2029;
-}
 
 /// Where "$" matches first. The two parts of CR LF are not told apart: "$" does not match between them.
 std::size_t endBeforeLineEnd(std::string_view text) {
   if (text.empty()) return 0;
   if (text.ends_with("\r\n")) return text.size() - 2;
   const std::size_t last = previousScalarStart(text, text.size());
-  return isLineEnd(decodeScalar(text, last).scalar) ? last : text.size();
+  return isNewline(decodeScalar(text, last).scalar) ? last : text.size();
 }
 
 constexpr bool isScalarStart(std::string_view text, std::size_t position) {
@@ -60,7 +56,7 @@ void StoredSentence::count() const {
     lineEnds_[position] = lineEnds;
     if (!isScalarStart(text_, position)) continue;
     ++scalars;
-    if (isLineEnd(decodeScalar(text_, position).scalar)) ++lineEnds;
+    if (isNewline(decodeScalar(text_, position).scalar)) ++lineEnds;
   }
   scalars_.back() = scalars;
   lineEnds_.back() = lineEnds;

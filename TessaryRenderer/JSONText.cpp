@@ -8,16 +8,6 @@ namespace tessary::JSONText {
 
 namespace {
 
-constexpr bool isSurrogate(char16_t unit) {
-  return (unit & 0xF800) == 0xD800;
-}
-constexpr bool isHighSurrogate(char16_t unit) {
-  return (unit & 0xFC00) == 0xD800;
-}
-constexpr bool isLowSurrogate(char16_t unit) {
-  return (unit & 0xFC00) == 0xDC00;
-}
-
 /// A unit that stands for itself in a JSON string and is one byte of UTF-8.
 constexpr bool isPlain(char16_t unit) {
   return unit >= 0x20 && unit < 0x80 && unit != u'"' && unit != u'\\';
@@ -70,7 +60,7 @@ char32_t takeScalar(std::u16string_view& units) {
   if (!isHighSurrogate(first) || units.empty() || !isLowSurrogate(units.front())) return replacementCharacter;
   const char16_t second = units.front();
   units.remove_prefix(1);
-  return 0x10000 + (static_cast<char32_t>(first & 0x3FF) << 10) + (second & 0x3FF);
+  return scalarOfPair(first, second);
 }
 
 /// Units in the order of the scalars that they belong to: surrogates above all others.

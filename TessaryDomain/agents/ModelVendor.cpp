@@ -7,20 +7,13 @@
 
 #include "TessaryDomain/agents/ModelVendorTables.h"
 #include "TessaryPlatform/addresses/URL.h"
+#include "TessaryPlatform/text/ASCII.h"
 #include "TessaryPlatform/text/Casing.h"
 #include "TessaryPlatform/text/WhiteSpace.h"
 
 namespace tessary {
 
 namespace {
-
-bool isDigit(char byte) {
-  return byte >= '0' && byte <= '9';
-}
-
-bool isLowerCaseLetter(char byte) {
-  return byte >= 'a' && byte <= 'z';
-}
 
 std::string folded(std::string_view text) {
   return lowercased(trimmed(text, isWhiteSpace));
@@ -49,7 +42,7 @@ std::string_view numberBehind(std::string_view prefix, std::string_view text) {
   if (!text.starts_with(prefix)) return {};
   text.remove_prefix(prefix.size());
   if (text.starts_with('-')) text.remove_prefix(1);
-  return !text.empty() && isDigit(text.front()) ? text : std::string_view();
+  return !text.empty() && isASCIIDigit(text.front()) ? text : std::string_view();
 }
 
 /// The parts of a model's name that tell the vendor.
@@ -146,7 +139,8 @@ std::string_view tagOf(std::string_view model) {
 }
 
 bool isTagOfLocalRunner(std::string_view model) {
-  return ModelVendor::isOllamaTag(model) && !model.contains('/') && !std::ranges::all_of(tagOf(model), isDigit);
+  return ModelVendor::isOllamaTag(model) && !model.contains('/') &&
+         !std::ranges::all_of(tagOf(model), isASCIIDigit<char>);
 }
 
 }  // namespace
@@ -198,7 +192,7 @@ std::string ModelVendor::family(ModelVendor vendor, std::optional<std::string_vi
   });
   if (row != ModelNames::families.end()) return std::string(row->word);
   if (const std::string_view number = numberBehind("o", name); vendor == openai && !number.empty())
-    return "o" + std::string(number.begin(), std::ranges::find_if_not(number, isDigit));
+    return "o" + std::string(number.begin(), std::ranges::find_if_not(number, isASCIIDigit<char>));
   return std::string(vendor.title());
 }
 
@@ -207,7 +201,7 @@ std::string_view ModelVendor::title() const {
 }
 
 bool ModelVendor::isOllamaTag(std::string_view text) {
-  return std::ranges::count(text, ':') == 1 && (isLowerCaseLetter(text.front()) || isDigit(text.front()));
+  return std::ranges::count(text, ':') == 1 && (isASCIILowercase(text.front()) || isASCIIDigit(text.front()));
 }
 
 bool ModelVendor::isNearby(std::string_view text) {
@@ -229,11 +223,10 @@ bool ModelVendor::isLocal(std::optional<std::string_view> provider, std::optiona
 std::optional<std::string> ModelVendor::providerID(std::optional<std::string_view> text) {
   // All that may stand in it is ASCII, so its bytes are its scalars.
   if (!text || text->empty() || text->size() > maximumProviderIDScalars) return std::nullopt;
-  const auto isAlphanumeric = [](char byte) {
-    return isDigit(byte) || isLowerCaseLetter(byte) || (byte >= 'A' && byte <= 'Z');
+  const auto isAllowed = [](char byte) {
+    return isASCIIAlphanumeric(byte) || byte == '.' || byte == '_' || byte == '-';
   };
-  const auto isAllowed = [&](char byte) { return isAlphanumeric(byte) || byte == '.' || byte == '_' || byte == '-'; };
-  if (!isAlphanumeric(text->front()) || !std::ranges::all_of(*text, isAllowed)) return std::nullopt;
+  if (!isASCIIAlphanumeric(text->front()) || !std::ranges::all_of(*text, isAllowed)) return std::nullopt;
   return std::string(*text);
 }
 

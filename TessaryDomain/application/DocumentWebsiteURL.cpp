@@ -6,6 +6,7 @@
 #include <unicode/uchar.h>
 
 #include "TessaryPlatform/addresses/PercentEncoding.h"
+#include "TessaryPlatform/text/ASCII.h"
 #include "TessaryPlatform/text/UTF8.h"
 
 namespace tessary::DocumentWebsiteURL {
@@ -32,8 +33,7 @@ std::optional<std::string> writtenAuthority(std::string_view text) {
 
 bool isWebScheme(std::string_view scheme) {
   std::string lowered(scheme);
-  std::ranges::transform(lowered, lowered.begin(),
-                         [](char byte) { return byte >= 'A' && byte <= 'Z' ? static_cast<char>(byte + 32) : byte; });
+  std::ranges::transform(lowered, lowered.begin(), lowercasedASCII<char>);
   return lowered == "https" || lowered == "http";
 }
 

@@ -1,10 +1,10 @@
 #include "TessaryDomain/capture/AgentFolders.h"
 
 #include <algorithm>
-#include <iterator>
 #include <vector>
 
 #include "TessaryDomain/capture/HermesRuntimePaths.h"
+#include "TessaryPlatform/text/ASCII.h"
 
 namespace tessary::CaptureRules {
 
@@ -64,7 +64,7 @@ bool codexMemoryDirectory(std::string_view name) noexcept {
   constexpr std::string_view versioned = "memories_v";
   if (name == plain) return true;
   if (!name.starts_with(versioned) || name.size() == versioned.size()) return false;
-  return std::ranges::all_of(name.substr(versioned.size()), [](char byte) { return byte >= '0' && byte <= '9'; });
+  return std::ranges::all_of(name.substr(versioned.size()), isASCIIDigit<char>);
 }
 
 bool codexMemoryArtifact(std::span<const std::string> parts) {

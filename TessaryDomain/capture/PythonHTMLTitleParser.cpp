@@ -4,6 +4,7 @@
 #include <array>
 
 #include "TessaryDomain/capture/PythonHTMLTitleReferences.h"
+#include "TessaryPlatform/text/ASCII.h"
 #include "TessaryPlatform/text/Casing.h"
 #include "TessaryPlatform/text/UTF8.h"
 
@@ -75,17 +76,12 @@ constexpr std::array<std::string_view, 6> rawTextElements = {"script", "style", 
 constexpr std::array<std::string_view, 2> escapableRawTextElements = {"textarea", "title"};
 constexpr std::string_view plaintext = "plaintext";
 
-template <typename Unit>
-constexpr Unit asciiLowered(Unit unit) {
-  return unit >= Unit{'A'} && unit <= Unit{'Z'} ? static_cast<Unit>(unit | 0x20) : unit;
-}
-
 /// Whether `units` is `ascii`, a text in lower case, once it is lower-cased. Of all scalars outside ASCII only U+212A
 /// lowers to one letter of ASCII, to "k", which none of the names compared here holds.
 template <typename Unit>
 constexpr bool lowersTo(std::basic_string_view<Unit> units, std::string_view ascii) {
   return std::ranges::equal(units, ascii,
-                            [](Unit unit, char expected) { return asciiLowered(unit) == Unit(expected); });
+                            [](Unit unit, char expected) { return lowercasedASCII(unit) == Unit(expected); });
 }
 
 template <typename Unit>
@@ -110,7 +106,7 @@ std::u32string fullyLowered(std::u32string_view name) {
 }
 
 std::string repairedOrEmpty(std::string_view html) {
-  return isWellFormedUTF8(html) ? std::string() : toUTF8(toScalars(html));
+  return isWellFormedUTF8(html) ? std::string() : repairedUTF8(html);
 }
 std::u32string repairedOrEmpty(std::u32string_view /*html*/) {
   return {};
@@ -367,7 +363,7 @@ typename BasicParser<Unit>::View BasicParser<Unit>::lowered(View name) {
   if ((found & foreign) != 0) return rewritten_.emplace_back(fullyLowered(name));
   if ((found & capital) == 0) return name;
   auto& copy = rewritten_.emplace_back(name);
-  std::ranges::transform(copy, copy.begin(), asciiLowered<Unit>);
+  std::ranges::transform(copy, copy.begin(), lowercasedASCII<Unit>);
   return copy;
 }
 

@@ -7,6 +7,7 @@
 #include <type_traits>
 
 #include "TessaryDomain/capture/HTMLEntities.h"
+#include "TessaryPlatform/text/ASCII.h"
 #include "TessaryPlatform/text/UTF8.h"
 
 // CPython takes up to 32 scalars behind the "&" that are no blank, "<", "&", "#" or ";", with the ";" that may follow,
@@ -42,10 +43,6 @@ constexpr std::array<char32_t, 32> invalidCharacterReferences = {
     0x02DC, 0x2122, 0x0161, 0x203A, 0x0153, 0x009D, 0x017E, 0x0178,  // 0x98
 };
 
-constexpr bool isSurrogate(char32_t value) {
-  return value >= 0xD800 && value <= 0xDFFF;
-}
-
 /// Control characters and noncharacters, for which a reference stands for nothing at all.
 constexpr bool isDropped(char32_t value) {
   return (value >= 0x1 && value <= 0x8) || value == 0xB || (value >= 0xE && value <= 0x1F) ||
@@ -58,17 +55,9 @@ constexpr char32_t scalarOf(Unit unit) {
   return static_cast<char32_t>(static_cast<std::make_unsigned_t<Unit>>(unit));
 }
 
-constexpr bool isDigit(char32_t scalar) {
-  return scalar >= U'0' && scalar <= U'9';
-}
-
-constexpr bool isLetterOrDigit(char32_t scalar) {
-  return isDigit(scalar) || ((scalar | 0x20) >= U'a' && (scalar | 0x20) <= U'z');
-}
-
 /// The value of a digit of the base 10 or 16, or the base if it is none.
 constexpr std::uint32_t digitValue(char32_t scalar, std::uint32_t base) {
-  if (isDigit(scalar)) return scalar - U'0';
+  if (isASCIIDigit(scalar)) return scalar - U'0';
   const char32_t letter = scalar | 0x20;
   if (base == 16 && letter >= U'a' && letter <= U'f') return letter - U'a' + 10;
   return base;
@@ -107,7 +96,7 @@ Reference readNamedReference(std::basic_string_view<Unit> text, std::size_t at, 
   std::array<char, HTMLEntities::longestName> name{};
   const std::size_t start = at + 1;
   std::size_t length = 0;
-  while (length < name.size() && start + length < text.size() && isLetterOrDigit(scalarOf(text[start + length]))) {
+  while (length < name.size() && start + length < text.size() && isASCIIAlphanumeric(scalarOf(text[start + length]))) {
     name[length] = static_cast<char>(text[start + length]);
     ++length;
   }
@@ -121,7 +110,7 @@ Reference readNamedReference(std::basic_string_view<Unit> text, std::size_t at, 
     if (entity == nullptr) continue;
     if (place == Place::attribute && start + length < text.size()) {
       const char32_t next = scalarOf(text[start + length]);
-      if (next == U'=' || isLetterOrDigit(next)) return {};
+      if (next == U'=' || isASCIIAlphanumeric(next)) return {};
     }
     return expansion(*entity);
   }
@@ -165,7 +154,7 @@ std::basic_string<Unit> decodeReferences(std::basic_string_view<Unit> text, Plac
 /// Broken bytes are repaired first: once a reference between them has vanished, they could join to a scalar.
 std::string decodeUTF8(std::string_view text, Place place) {
   if (isWellFormedUTF8(text)) return decodeReferences(text, place);
-  const std::string repaired = toUTF8(toScalars(text));
+  const std::string repaired = repairedUTF8(text);
   return decodeReferences(std::string_view(repaired), place);
 }
 

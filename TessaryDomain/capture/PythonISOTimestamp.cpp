@@ -4,6 +4,8 @@
 #include <chrono>
 #include <cstddef>
 
+#include "TessaryPlatform/text/ASCII.h"
+
 // CPython reads a C string that ends in a zero byte, and looks one byte past what it has read before it knows where it
 // stands. So that every text has the same answer here, the bytes are read through `Bytes`, past whose end all is zero;
 // a zero byte inside the text then means the same as its end wherever a single byte is looked at, which is what makes
@@ -19,10 +21,6 @@ constexpr int greatestYear = 9999;
 constexpr std::int64_t microsecondsPerSecond = 1'000'000;
 constexpr std::int64_t secondsPerDay = 86'400;
 constexpr std::int64_t greatestOffset = secondsPerDay * microsecondsPerSecond - 1;
-
-constexpr bool isDigit(char byte) {
-  return byte >= '0' && byte <= '9';
-}
 
 constexpr bool isDecimalMark(char byte) {
   return byte == '.' || byte == ',';
@@ -40,7 +38,7 @@ class Bytes {
     int value = 0;
     for (std::size_t index = 0; index < count; ++index) {
       const char byte = (*this)[position + index];
-      if (!isDigit(byte)) return std::nullopt;
+      if (!isASCIIDigit(byte)) return std::nullopt;
       value = value * 10 + (byte - '0');
     }
     position += count;
@@ -48,7 +46,7 @@ class Bytes {
   }
 
   [[nodiscard]] std::size_t endOfDigits(std::size_t position) const {
-    while (position < text_.size() && isDigit(text_[position]))
+    while (position < text_.size() && isASCIIDigit(text_[position]))
       ++position;
     return position;
   }
@@ -104,7 +102,7 @@ std::optional<std::size_t> separatorPosition(const Bytes& bytes) {
     if (bytes[8] != '-') return 8;   // YYYY-Www
     if (bytes.size() == 9) return std::nullopt;
     // YYYY-Www-D, unless "-" is the separator and an hour follows.
-    return bytes.size() > 10 && isDigit(bytes[10]) ? 8 : 10;
+    return bytes.size() > 10 && isASCIIDigit(bytes[10]) ? 8 : 10;
   }
   if (bytes[4] != 'W') return 8;  // YYYYMMDD
   const std::size_t end = bytes.endOfDigits(7);

@@ -6,6 +6,7 @@
 #include <cstring>
 
 #include "TessaryDomain/capture/PythonPath.h"
+#include "TessaryPlatform/text/ASCII.h"
 
 // How bytes are read here. A byte below 0x80 and the lead byte of a well-formed sequence always begin a scalar, also
 // behind ill-formed bytes: no ill-formed subpart swallows a byte that could begin something. So a scalar can be looked
@@ -211,10 +212,8 @@ void foldASCII(std::string& text, std::size_t position) {
     bytes |= std::bit_cast<Block>(capitals) & 0x20;
     std::memcpy(text.data() + position, &bytes, sizeof bytes);
   }
-  for (; position < text.size(); ++position) {
-    const char byte = text[position];
-    if (byte >= 'A' && byte <= 'Z') text[position] = static_cast<char>(byte | 0x20);
-  }
+  for (; position < text.size(); ++position)
+    text[position] = lowercasedASCII(text[position]);
 }
 
 /// Writes the root of a path and its components joined with "/" after ".." has taken back what it takes back, and gives
@@ -360,8 +359,7 @@ std::string casefold(std::string_view text) {
 }
 
 std::string_view casefold(std::string_view text, std::string& storage) {
-  if (std::ranges::none_of(text, [](char byte) { return (byte >= 'A' && byte <= 'Z') || (byte & 0x80) != 0; }))
-    return text;
+  if (std::ranges::none_of(text, [](char byte) { return isASCIIUppercase(byte) || (byte & 0x80) != 0; })) return text;
   storage = casefold(text);
   return storage;
 }

@@ -9,6 +9,7 @@
 
 #include <boost/unordered/unordered_flat_set.hpp>
 
+#include "TessaryPlatform/text/ASCII.h"
 #include "TessaryPlatform/text/GraphemeClusters.h"
 #include "TessaryPlatform/text/WhiteSpace.h"
 
@@ -85,7 +86,7 @@ bool isDay(std::string_view text) {
       if (character != '-') return false;
       ++number;
     } else {
-      if (character < '0' || character > '9') return false;
+      if (!isASCIIDigit(character)) return false;
       *number = *number * 10 + (character - '0');
     }
   }

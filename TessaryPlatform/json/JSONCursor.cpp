@@ -6,18 +6,17 @@
 #include <cstring>
 #include <optional>
 
+#include "TessaryPlatform/text/ASCII.h"
+#include "TessaryPlatform/text/UTF8.h"
+
 namespace tessary {
 
 namespace {
 
 using Reason = JSONSyntaxError::Reason;
 
-constexpr bool isDigit(char byte) {
-  return byte >= '0' && byte <= '9';
-}
-
 std::size_t skipDigits(std::string_view text, std::size_t position) {
-  while (position < text.size() && isDigit(text[position]))
+  while (position < text.size() && isASCIIDigit(text[position]))
     ++position;
   return position;
 }
@@ -52,13 +51,6 @@ std::optional<char16_t> hexUnit(std::string_view digits) {
   }
   if (seen > 0xF) return std::nullopt;
   return static_cast<char16_t>(unit);
-}
-
-constexpr bool isHighSurrogate(char16_t unit) {
-  return (unit & 0xFC00) == 0xD800;
-}
-constexpr bool isLowSurrogate(char16_t unit) {
-  return (unit & 0xFC00) == 0xDC00;
 }
 
 /// What a two-byte escape stands for.
@@ -98,12 +90,11 @@ Escape readEscape(std::string_view rest) {
   if (rest[1] != 'u') return {.fault = Reason::invalidEscape};
   const auto unit = hexUnit(rest.substr(2, 4));
   if (!unit) return {.fault = Reason::invalidEscape};
-  if (!isHighSurrogate(*unit) && !isLowSurrogate(*unit)) return {*unit, unitByteCount, std::nullopt};
+  if (!isSurrogate(*unit)) return {*unit, unitByteCount, std::nullopt};
   if (isLowSurrogate(*unit) || !rest.substr(unitByteCount).starts_with("\\u")) return {.fault = Reason::loneSurrogate};
   const auto low = hexUnit(rest.substr(unitByteCount + 2, 4));
   if (!low || !isLowSurrogate(*low)) return {.fault = Reason::loneSurrogate};
-  const char32_t high = static_cast<char32_t>(*unit & 0x3FF) << 10;
-  return {0x10000 + (high | (*low & 0x3FF)), 2 * unitByteCount, std::nullopt};
+  return {scalarOfPair(*unit, *low), 2 * unitByteCount, std::nullopt};
 }
 
 /// Copies the bytes of `raw` from `position` up to the next backslash, whose position is the answer, or up to the end.
@@ -123,27 +114,6 @@ std::size_t copyToBackslash(std::string_view raw, std::size_t position, char* to
   while (position < raw.size() && raw[position] != '\\')
     *to++ = raw[position++];
   return position;
-}
-
-/// Writes the UTF-8 form of a scalar and gives the place behind it.
-char* writeScalar(char* to, char32_t scalar) {
-  const auto write = [&to](char32_t byte) { *to++ = static_cast<char>(static_cast<unsigned char>(byte)); };
-  if (scalar < 0x80) {
-    write(scalar);
-  } else if (scalar < 0x800) {
-    write(0xC0 | (scalar >> 6));
-    write(0x80 | (scalar & 0x3F));
-  } else if (scalar < 0x10000) {
-    write(0xE0 | (scalar >> 12));
-    write(0x80 | ((scalar >> 6) & 0x3F));
-    write(0x80 | (scalar & 0x3F));
-  } else {
-    write(0xF0 | (scalar >> 18));
-    write(0x80 | ((scalar >> 12) & 0x3F));
-    write(0x80 | ((scalar >> 6) & 0x3F));
-    write(0x80 | (scalar & 0x3F));
-  }
-  return to;
 }
 
 }  // namespace

@@ -1,10 +1,10 @@
 #include "TessaryPlatform/json/JSONReader.h"
 
 #include <cmath>
-#include <limits>
 #include <optional>
 
 #include "TessaryPlatform/json/JSONNumbers.h"
+#include "TessaryPlatform/text/ASCII.h"
 #include "TessaryPlatform/time/ISO8601.h"
 
 namespace tessary {
@@ -67,7 +67,7 @@ bool JSONReader::read(bool& value) {
 
 bool JSONReader::readNumber(JSONNumber& number, JSONExpectation expected) {
   const char first = cursor_.peek();
-  if (first != '-' && (first < '0' || first > '9')) return failType(expected);
+  if (first != '-' && !isASCIIDigit(first)) return failType(expected);
   return cursor_.readNumber(number);
 }
 

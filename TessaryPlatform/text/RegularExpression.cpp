@@ -6,6 +6,7 @@
 #include <unicode/regex.h>
 #include <unicode/unistr.h>
 
+#include "TessaryPlatform/text/ASCII.h"
 #include "TessaryPlatform/text/UTF8.h"
 
 namespace tessary {
@@ -51,10 +52,6 @@ RegexMatch currentMatch(const icu::RegexMatcher& matcher, const RegexSubject& su
   return match;
 }
 
-constexpr bool isDigit(char byte) {
-  return byte >= '0' && byte <= '9';
-}
-
 /// Appends what the template stands for in the case of one match.
 void appendReplacement(std::string& result, std::string_view replacement, const RegexMatch& match,
                        std::string_view text) {
@@ -63,9 +60,9 @@ void appendReplacement(std::string& result, std::string_view replacement, const 
     const bool hasNext = position + 1 < replacement.size();
     if (byte == '\\' && hasNext) {
       result.push_back(replacement[++position]);
-    } else if (byte == '$' && hasNext && isDigit(replacement[position + 1])) {
+    } else if (byte == '$' && hasNext && isASCIIDigit(replacement[position + 1])) {
       std::size_t number = static_cast<std::size_t>(replacement[++position] - '0');
-      while (position + 1 < replacement.size() && isDigit(replacement[position + 1])) {
+      while (position + 1 < replacement.size() && isASCIIDigit(replacement[position + 1])) {
         const std::size_t longer = number * 10 + static_cast<std::size_t>(replacement[position + 1] - '0');
         if (longer >= match.groups.size()) break;
         number = longer;

@@ -1,5 +1,6 @@
 #include "TessaryPlatform/text/UTF8.h"
 
+#include <array>
 #include <cstring>
 
 namespace tessary {
@@ -38,14 +39,7 @@ constexpr char32_t leadBits(unsigned char byte, std::uint8_t byteCount) {
 }
 
 constexpr bool isScalar(char32_t value) {
-  return value < 0xD800 || (value > 0xDFFF && value <= 0x10FFFF);
-}
-
-constexpr bool isHighSurrogate(char16_t unit) {
-  return (unit & 0xFC00) == 0xD800;
-}
-constexpr bool isLowSurrogate(char16_t unit) {
-  return (unit & 0xFC00) == 0xDC00;
+  return value <= 0x10FFFF && !isSurrogate(value);
 }
 
 /// The end of the run of ASCII bytes that begins at `position`, to within seven bytes: whole words only.
@@ -99,17 +93,13 @@ std::size_t previousScalarStart(std::string_view text, std::size_t position) noe
 
 void appendScalar(std::string& text, char32_t scalar) {
   if (!isScalar(scalar)) scalar = replacementCharacter;
-  const auto byte = [](char32_t value) { return static_cast<char>(static_cast<unsigned char>(value)); };
   if (scalar < 0x80) {
-    text.push_back(byte(scalar));
-  } else if (scalar < 0x800) {
-    text.append({byte(0xC0 | (scalar >> 6)), byte(0x80 | (scalar & 0x3F))});
-  } else if (scalar < 0x10000) {
-    text.append({byte(0xE0 | (scalar >> 12)), byte(0x80 | ((scalar >> 6) & 0x3F)), byte(0x80 | (scalar & 0x3F))});
-  } else {
-    text.append({byte(0xF0 | (scalar >> 18)), byte(0x80 | ((scalar >> 12) & 0x3F)), byte(0x80 | ((scalar >> 6) & 0x3F)),
-                 byte(0x80 | (scalar & 0x3F))});
+    text.push_back(static_cast<char>(scalar));
+    return;
   }
+  std::array<char, longestUTF8Sequence> bytes;
+  const char* const end = writeScalar(bytes.data(), scalar);
+  text.append(bytes.data(), static_cast<std::size_t>(end - bytes.data()));
 }
 
 bool isWellFormedUTF8(std::string_view text) noexcept {
@@ -193,9 +183,7 @@ std::string toUTF8(std::u16string_view units) {
   for (std::size_t index = 0; index < units.size(); ++index) {
     const char16_t unit = units[index];
     if (isHighSurrogate(unit) && index + 1 < units.size() && isLowSurrogate(units[index + 1])) {
-      const auto high = static_cast<char32_t>(unit - 0xD800);
-      const auto low = static_cast<char32_t>(units[++index] - 0xDC00);
-      appendScalar(text, 0x10000 + (high << 10) + low);
+      appendScalar(text, scalarOfPair(unit, units[++index]));
     } else {
       appendScalar(text, unit);
     }

@@ -55,6 +55,31 @@ struct DecodedScalar {
 /// boundary that reading forwards stops at; the answer is again such a boundary.
 [[nodiscard]] std::size_t previousScalarStart(std::string_view text, std::size_t position) noexcept;
 
+/// The most bytes that a scalar has in UTF-8.
+inline constexpr std::size_t longestUTF8Sequence = 4;
+
+/// Writes the UTF-8 form of `scalar`, which is a Unicode scalar value, at `to`, where there is room for it. The place
+/// behind it.
+inline char* writeScalar(char* to, char32_t scalar) noexcept {
+  const auto write = [&to](char32_t byte) { *to++ = static_cast<char>(static_cast<unsigned char>(byte)); };
+  if (scalar < 0x80) {
+    write(scalar);
+  } else if (scalar < 0x800) {
+    write(0xC0 | (scalar >> 6));
+    write(0x80 | (scalar & 0x3F));
+  } else if (scalar < 0x10000) {
+    write(0xE0 | (scalar >> 12));
+    write(0x80 | ((scalar >> 6) & 0x3F));
+    write(0x80 | (scalar & 0x3F));
+  } else {
+    write(0xF0 | (scalar >> 18));
+    write(0x80 | ((scalar >> 12) & 0x3F));
+    write(0x80 | ((scalar >> 6) & 0x3F));
+    write(0x80 | (scalar & 0x3F));
+  }
+  return to;
+}
+
 /// Appends the UTF-8 form of `scalar`; a surrogate or a number above U+10FFFF is written as U+FFFD.
 void appendScalar(std::string& text, char32_t scalar);
 
@@ -69,6 +94,26 @@ void appendScalar(std::string& text, char32_t scalar);
 
 /// The number of scalars, each maximal ill-formed subpart counted as one.
 [[nodiscard]] std::size_t scalarCount(std::string_view text) noexcept;
+
+/// True for the first unit of a pair that stands for one scalar in UTF-16.
+[[nodiscard]] constexpr bool isHighSurrogate(char16_t unit) noexcept {
+  return (unit & 0xFC00) == 0xD800;
+}
+
+/// True for the second unit of such a pair.
+[[nodiscard]] constexpr bool isLowSurrogate(char16_t unit) noexcept {
+  return (unit & 0xFC00) == 0xDC00;
+}
+
+/// True for a number, or a UTF-16 unit, that is a surrogate of either kind and so no scalar.
+[[nodiscard]] constexpr bool isSurrogate(char32_t value) noexcept {
+  return value >= 0xD800 && value <= 0xDFFF;
+}
+
+/// The scalar for which a high and a low surrogate stand together.
+[[nodiscard]] constexpr char32_t scalarOfPair(char16_t high, char16_t low) noexcept {
+  return 0x10000 + (static_cast<char32_t>(high & 0x3FF) << 10) + (low & 0x3FF);
+}
 
 /// The scalars of UTF-8 text.
 [[nodiscard]] std::u32string toScalars(std::string_view text);

@@ -5,6 +5,8 @@
 #include <cstddef>
 #include <cstdint>
 
+#include "TessaryPlatform/text/ASCII.h"
+
 namespace tessary::ISO8601 {
 namespace {
 
@@ -22,10 +24,6 @@ constexpr std::int64_t secondsAt(std::chrono::year_month_day day) {
 constexpr std::int64_t secondsOf2001 = secondsAt(std::chrono::year(2001) / 1 / 1);
 constexpr std::int64_t firstSecond = secondsAt(std::chrono::year(0) / 1 / 1);
 constexpr std::int64_t endSecond = secondsAt(std::chrono::year(greatestYear + 1) / 1 / 1);
-
-bool isDigit(char byte) {
-  return byte >= '0' && byte <= '9';
-}
 
 /// Reads a text from the left. Once a piece is missing, every further piece is missing too.
 class Reader {
@@ -67,7 +65,7 @@ class Reader {
   [[nodiscard]] bool succeeded() const { return !failed_ && isAtEnd(); }
 
  private:
-  [[nodiscard]] bool nextIsDigit() const { return !rest_.empty() && isDigit(rest_.front()); }
+  [[nodiscard]] bool nextIsDigit() const { return !rest_.empty() && isASCIIDigit(rest_.front()); }
 
   int digit() {
     if (!nextIsDigit()) {

@@ -42,10 +42,6 @@ std::vector<bool> readRanges(std::string_view fileName) {
   return members;
 }
 
-bool isSurrogate(char32_t scalar) {
-  return scalar >= 0xD800 && scalar <= 0xDFFF;
-}
-
 TEST(PythonText, TakesForWhiteSpaceWhatCPythonTakes) {
   const std::vector<bool> isSpace = readRanges("spaces.tsv");
   ASSERT_EQ(std::ranges::count(isSpace, true), 29);
