@@ -18,10 +18,6 @@
 namespace tessary::LocalizationBundle {
 namespace {
 
-/// What stands in a path of a file URL without an escape (RFC 3986, section 3.3).
-constexpr PercentEncoding::ASCIISet pathCharacters =
-    PercentEncoding::unreserved | PercentEncoding::ASCIISet("!$&'()*+,;=:@/");
-
 bool isFolder(const std::string& path) {
   std::error_code error;
   return std::filesystem::is_directory(path, error);
@@ -112,7 +108,8 @@ std::vector<std::string> jsonFiles(const std::string& folder) {
   std::error_code error;
   for (std::filesystem::directory_iterator entry(folder, error), end; !error && entry != end; entry.increment(error)) {
     const std::string& path = entry->path().native();
-    if (path.ends_with(".json")) urlsAndPaths.emplace_back(PercentEncoding::encoded(path, pathCharacters), path);
+    if (path.ends_with(".json"))
+      urlsAndPaths.emplace_back(PercentEncoding::encoded(path, PercentEncoding::pathCharacters), path);
   }
   std::ranges::sort(urlsAndPaths);
   std::vector<std::string> contents;

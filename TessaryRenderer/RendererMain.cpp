@@ -8,6 +8,7 @@
 #include <sys/resource.h>
 #include <unistd.h>
 
+#include "TessaryPlatform/addresses/PercentEncoding.h"
 #include "TessaryPlatform/text/UTF8.h"
 #include "TessaryRenderer/ByteChannels.h"
 #include "TessaryRenderer/CrashExit.h"
@@ -51,20 +52,8 @@ std::string scriptPath(std::string_view folder) {
 /// `path` as the engine gets to see it: as a file URL, with everything escaped that a URL could read as something else.
 /// A relative path stays relative.
 std::u16string fileURL(std::string_view path) {
-  constexpr std::u16string_view digits = u"0123456789ABCDEF";
-  constexpr std::string_view plain = "-._~/";
-  std::u16string url = path.starts_with('/') ? u"file://" : u"file:";
-  for (const char byte : path) {
-    const auto value = static_cast<unsigned char>(byte);
-    const bool isAlphanumeric =
-        (byte >= '0' && byte <= '9') || (byte >= 'A' && byte <= 'Z') || (byte >= 'a' && byte <= 'z');
-    if (isAlphanumeric || plain.find(byte) != std::string_view::npos) {
-      url.push_back(static_cast<char16_t>(value));
-    } else {
-      url.append({u'%', digits[value >> 4], digits[value & 0x0F]});
-    }
-  }
-  return url;
+  constexpr PercentEncoding::ASCIISet kept = PercentEncoding::unreserved | PercentEncoding::ASCIISet("/");
+  return toUTF16((path.starts_with('/') ? "file://" : "file:") + PercentEncoding::encoded(path, kept));
 }
 
 /// Everything between the arguments and the text of the result, in the order that decides which failure is told when

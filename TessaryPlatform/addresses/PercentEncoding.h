@@ -32,6 +32,12 @@ class ASCIISet {
 /// The characters that never need an escape (RFC 3986, section 2.3).
 inline constexpr ASCIISet unreserved("ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz0123456789-._~");
 
+/// What may stand in a host's name without an escape ("unreserved" and "sub-delims"; sections 3.2.2 and 2.2).
+inline constexpr ASCIISet registeredName = unreserved | ASCIISet("!$&'()*+,;=");
+
+/// What may stand in a path without an escape ("pchar" and "/"; section 3.3).
+inline constexpr ASCIISet pathCharacters = registeredName | ASCIISet(":@/");
+
 /// `text` with every byte outside `kept` escaped, in capital digits. Any bytes, "%" included where `kept` lacks it, are
 /// kept apart, so that `decoded` gives them back.
 [[nodiscard]] std::string encoded(std::string_view text, const ASCIISet& kept = unreserved);

@@ -14,6 +14,7 @@
 
 #include "TessaryPlatform/addresses/HostName.h"
 #include "TessaryPlatform/addresses/PercentEncoding.h"
+#include "TessaryPlatform/text/ASCII.h"
 #include "TessaryPlatform/text/UTF8.h"
 
 // The text is cut by the expression of RFC 3986, appendix B, which has one way to read any text; each piece is then
@@ -40,10 +41,10 @@ namespace {
 namespace urls = boost::urls;
 
 using PercentEncoding::ASCIISet;
+using PercentEncoding::pathCharacters;
+using PercentEncoding::registeredName;
 
-/// The grammar's "sub-delims" and "pchar", and what a query and a fragment take besides.
-constexpr ASCIISet registeredName = PercentEncoding::unreserved | ASCIISet("!$&'()*+,;=");
-constexpr ASCIISet pathCharacters = registeredName | ASCIISet(":@/");
+/// What a query and a fragment take without an escape.
 constexpr ASCIISet queryCharacters = pathCharacters | ASCIISet("?");
 
 /// Takes what stands in front of the first `delimiter` off `rest`, the delimiter too; absent where there is none.
@@ -65,10 +66,9 @@ std::optional<std::string_view> takeBehind(std::string_view& rest, char delimite
 }
 
 bool isScheme(std::string_view text) {
-  const auto isLetter = [](char byte) { return (byte >= 'a' && byte <= 'z') || (byte >= 'A' && byte <= 'Z'); };
-  constexpr ASCIISet further("0123456789+-.");
-  return !text.empty() && isLetter(text.front()) &&
-         std::ranges::all_of(text, [&](char byte) { return isLetter(byte) || further.contains(byte); });
+  constexpr ASCIISet further("+-.");
+  return !text.empty() && isASCIILetter(text.front()) &&
+         std::ranges::all_of(text, [&](char byte) { return isASCIIAlphanumeric(byte) || further.contains(byte); });
 }
 
 /// No blank, no control character and no "\": what neither the grammar nor an encoding gives a place.
