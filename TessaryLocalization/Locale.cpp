@@ -2,12 +2,14 @@
 
 #include <algorithm>
 #include <array>
-#include <cstdlib>
 #include <utility>
 
 #include <unicode/localebuilder.h>
 #include <unicode/locid.h>
 #include <unicode/stringpiece.h>
+
+#include "TessaryPlatform/paths/Paths.h"
+#include "TessaryPlatform/text/ASCII.h"
 
 namespace tessary {
 namespace {
@@ -29,8 +31,7 @@ constexpr auto scriptModifiers = std::to_array<ScriptModifier>({
 });
 
 bool isIdentifierByte(char byte) {
-  return (byte >= 'a' && byte <= 'z') || (byte >= 'A' && byte <= 'Z') || (byte >= '0' && byte <= '9') ||
-         std::string_view("-_@=;./+").contains(byte);
+  return isASCIIAlphanumeric(byte) || std::string_view("-_@=;./+").contains(byte);
 }
 
 bool isReadable(std::string_view text) {
@@ -98,11 +99,6 @@ std::string_view rankedValue(const LocaleVariables& variables, const std::option
   return "C";
 }
 
-std::optional<std::string> environmentValue(const char* name) {
-  const char* const value = std::getenv(name);
-  return value == nullptr ? std::nullopt : std::optional<std::string>(value);
-}
-
 }  // namespace
 
 Locale::Locale(std::string_view text) {
@@ -121,10 +117,10 @@ Locale Locale::fromVariables(const LocaleVariables& variables) {
 }
 
 Locale Locale::system() {
-  return fromVariables({.all = environmentValue("LC_ALL"),
-                        .messages = environmentValue("LC_MESSAGES"),
-                        .time = environmentValue("LC_TIME"),
-                        .language = environmentValue("LANG")});
+  return fromVariables({.all = Paths::environmentValue("LC_ALL"),
+                        .messages = Paths::environmentValue("LC_MESSAGES"),
+                        .time = Paths::environmentValue("LC_TIME"),
+                        .language = Paths::environmentValue("LANG")});
 }
 
 std::string Locale::language() const {
