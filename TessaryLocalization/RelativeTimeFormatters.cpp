@@ -47,10 +47,10 @@ std::string RelativeTimeFormatter::textForSecondsAgo(double seconds) const {
     break;
   }
   const double count = -std::floor(seconds / chosen->seconds);
-  if (!formatter_) return numberText(count, NumberLayout(), Locale());
   UErrorCode status = U_ZERO_ERROR;
   icu::UnicodeString written;
-  formatter_->format(count, chosen->unit, written, status);
+  if (formatter_) formatter_->format(count, chosen->unit, written, status);
+  if (!formatter_ || U_FAILURE(status)) return numberText(count, NumberLayout(), Locale());
   std::string text;
   return written.toUTF8String(text);
 }
