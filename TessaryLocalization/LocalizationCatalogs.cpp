@@ -4,6 +4,7 @@
 
 #include "TessaryLocalization/AppLanguage.h"
 #include "TessaryLocalization/LocalizationBundle.h"
+#include "TessaryLocalization/PluralCategory.h"
 #include "TessaryPlatform/paths/Paths.h"
 
 namespace tessary {

@@ -3,15 +3,12 @@
 #include <cstdint>
 #include <expected>
 #include <optional>
-#include <span>
 #include <string>
 #include <string_view>
 #include <utility>
 #include <vector>
 
 #include "TessaryLocalization/LocalizationCatalog.h"
-#include "TessaryLocalization/MessageText.h"
-#include "TessaryLocalization/PluralCategory.h"
 
 namespace tessary {
 

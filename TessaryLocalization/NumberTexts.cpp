@@ -2,7 +2,6 @@
 
 #include <array>
 #include <charconv>
-#include <compare>
 #include <memory>
 #include <utility>
 

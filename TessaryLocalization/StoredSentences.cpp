@@ -3,7 +3,6 @@
 #include <algorithm>
 #include <array>
 #include <span>
-#include <utility>
 
 #include "TessaryLocalization/AppLanguage.h"
 #include "TessaryLocalization/IntegerQuantity.h"

@@ -4,7 +4,6 @@
 #include <atomic>
 #include <csignal>
 #include <poll.h>
-#include <sys/types.h>
 #include <unistd.h>
 
 #include "TessaryRenderer/FailureExit.h"

@@ -1,13 +1,8 @@
 #include "TessaryRenderer/EngineOptions.h"
 
-#include <algorithm>
 #include <array>
 #include <cstdlib>
 #include <string>
-#include <string_view>
-#include <unistd.h>
-#include <utility>
-#include <vector>
 
 namespace tessary::EngineOptions {
 
@@ -24,8 +19,7 @@ constexpr std::array options{
     // The first collection comes when this much has been allocated: most documents then need none.
     Option{"JSC_smallHeapSize", "33554432"},
     // The optimizing compilers take longer than what they compile saves, save for half a megabyte of nothing but
-    // markup,
-    // which takes up to half as long again without them.
+    // markup, which takes up to half as long again without them.
     Option{"JSC_useFTLJIT", "0"},
     Option{"JSC_useDFGJIT", "0"},
     // What the simple compiler makes is wanted at once, and handing the work to another thread and back costs more than

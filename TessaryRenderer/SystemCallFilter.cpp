@@ -17,7 +17,6 @@
 
 #include "TessaryRenderer/SystemCallFilter.h"
 
-#include <array>
 #include <cerrno>
 #include <cstddef>
 #include <cstdint>

@@ -3,7 +3,6 @@
 #include <array>
 #include <charconv>
 #include <cstdint>
-#include <system_error>
 
 #include "TessaryDomain/capture/PythonISOTimestamp.h"
 #include "TessaryPlatform/text/UTF8.h"

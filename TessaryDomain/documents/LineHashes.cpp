@@ -23,7 +23,6 @@
 #include <bit>
 #include <charconv>
 #include <cstring>
-#include <string>
 #include <system_error>
 #include <vector>
 

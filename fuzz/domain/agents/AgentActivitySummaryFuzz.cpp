@@ -3,10 +3,8 @@
 #include <cstddef>
 #include <cstdint>
 #include <functional>
-#include <set>
 #include <string>
 #include <string_view>
-#include <utility>
 
 #include "TessaryDomain/agents/AgentActivitySummary.h"
 #include "support/RecordRoundTrip.h"

@@ -2,7 +2,6 @@
 #include <cstdint>
 #include <cstdlib>
 #include <cstring>
-#include <limits>
 #include <string_view>
 
 #include "TessaryPlatform/time/Calendar.h"

@@ -1,4 +1,3 @@
-#include <array>
 #include <optional>
 #include <string>
 #include <string_view>
