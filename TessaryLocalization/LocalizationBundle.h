@@ -16,6 +16,7 @@
 ///    executable it is the one that the build was configured for.
 namespace tessary::LocalizationBundle {
 
+/// The name of the bundle, in either place.
 inline constexpr std::string_view folderName = "Tessary_TessaryLocalization.bundle";
 
 /// The two paths at which the bundle may lie, the first to be tried first.
@@ -43,13 +44,17 @@ struct Places {
 /// Ends the process for a fault of the package: writes `text` and a line end to standard error and aborts.
 [[noreturn]] void fail(std::string_view text);
 
-/// The bytes of a file. Where it cannot be read the error says why, and `isMissing` is true where nothing is there.
+/// Why a file could not be read.
 struct FileError {
+  /// True where nothing is there.
   bool isMissing;
+  /// In the words of the C library.
   std::string reason;
 
   bool operator==(const FileError&) const = default;
 };
+
+/// The bytes of a file.
 [[nodiscard]] std::expected<std::string, FileError> readFile(const std::string& path);
 
 /// The contents of the files of `folder` whose names end in ".json", in the order of their file URLs, that is of their

@@ -14,6 +14,7 @@ namespace tessary {
 /// `LocalizationController`. May be used from any thread.
 class LocalizationRuntime {
  public:
+  /// What holds at one moment.
   struct Snapshot {
     /// A supported code.
     std::string language;

@@ -15,7 +15,9 @@ namespace tessary {
 
 /// The message that a stored sentence was made from.
 struct KnownMessage {
+  /// The text that filled one placeholder.
   struct Argument {
+    /// The number of the placeholder.
     std::size_t index;
     std::string text;
     /// True where the text is itself the key of a message, and has to be translated too.

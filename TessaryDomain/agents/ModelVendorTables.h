@@ -11,6 +11,7 @@
 /// lower case. Where rows are prefixes their order counts, since the first that fits decides.
 namespace tessary::ModelNames {
 
+/// A name, or the beginning of one, and the vendor that it tells.
 struct VendorRow {
   std::string_view text;
   ModelVendor::Case vendor;
@@ -51,6 +52,7 @@ inline constexpr auto bedrock = std::to_array<VendorRow>({
 /// Models that are named after one of a vendor, and are not of that vendor.
 inline constexpr auto borrowedPrefixes = std::to_array<std::string_view>({"gpt-j", "gpt-neox", "gpt4all"});
 
+/// What the names of models begin with.
 inline constexpr auto modelPrefixes = std::to_array<VendorRow>({
     {"claude", ModelVendor::anthropic},  {"gpt", ModelVendor::openai},        {"codex", ModelVendor::openai},
     {"chatgpt", ModelVendor::openai},    {"gemini", ModelVendor::google},     {"gemma", ModelVendor::google},
@@ -69,6 +71,7 @@ inline constexpr auto shortPrefixes = std::to_array<VendorRow>({
     {"step", ModelVendor::stepfun},
 });
 
+/// What the names of providers begin with, of those whose models are of one vendor.
 inline constexpr auto providerPrefixes = std::to_array<VendorRow>({
     {"anthropic", ModelVendor::anthropic},
     {"claude", ModelVendor::anthropic},
@@ -106,6 +109,7 @@ inline constexpr auto ownAgents = std::to_array<VendorRow>({
     {"mimocode", ModelVendor::xiaomi},
 });
 
+/// What a vendor's models of one line begin with, and the word for that line.
 struct FamilyRow {
   ModelVendor::Case vendor;
   std::string_view prefix;

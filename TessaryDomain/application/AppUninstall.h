@@ -27,6 +27,7 @@ struct AppUninstallStepResult {
   /// The steps in the order in which they are carried out: what would call into the product goes first, the product
   /// itself last.
   enum class Step : std::uint8_t { agentHooks, loginItem, dataDirectory, supportItems, applicationBundle };
+  /// Carried out, left out on purpose, or tried in vain.
   enum class Outcome : std::uint8_t { done, skipped, failed };
 
   Step step{};

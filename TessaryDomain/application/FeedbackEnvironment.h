@@ -38,6 +38,7 @@ struct FeedbackEnvironment {
   [[nodiscard]] static FeedbackEnvironment current(const ApplicationBundle& bundle,
                                                    const std::filesystem::path& root = "/");
 
+  /// The most characters of each part that `current` finds out.
   static constexpr std::size_t maximumPartCharacters = 128;
 
   /// One line for a reader: "Tessary 1.4.2 (1402) · x86_64 · Debian GNU/Linux 12 (6.1.0-18-amd64) · ThinkPad X1".

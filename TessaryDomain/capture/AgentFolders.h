@@ -15,8 +15,10 @@ namespace tessary::CaptureRules {
 
 /// A hidden folder, or a folder within one, whose content may be documents: one or two components.
 struct HiddenContentFolder {
+  /// The second is empty for a folder of one component.
   std::array<std::string_view, 2> names;
 
+  /// The names that are not empty, in the order of the path.
   [[nodiscard]] constexpr std::span<const std::string_view> components() const noexcept {
     return std::span(names).first(names[1].empty() ? 1 : 2);
   }

@@ -31,7 +31,9 @@ namespace tessary {
 /// who turns a class on does not want its whole history. They are kept as text, and of two the later is the one that
 /// is greater scalar by scalar.
 struct CapturePreferences {
+  /// What is on and what is off, by key.
   using Switches = std::map<std::string, bool, std::less<>>;
+  /// ISO 8601 texts by key.
   using Times = std::map<std::string, std::string, std::less<>>;
 
   /// The extensions that are listed where the user has chosen nothing.

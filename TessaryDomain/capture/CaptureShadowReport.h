@@ -35,6 +35,8 @@ enum class Category : std::uint8_t {
   /// No comparison was possible.
   skipped,
 };
+
+/// How many comparisons had each outcome.
 struct Counts {
   std::int64_t agree = 0;
   std::int64_t decisionMismatch = 0;
@@ -42,8 +44,10 @@ struct Counts {
   std::int64_t raced = 0;
   std::int64_t skipped = 0;
 
+  /// The count of one outcome.
   [[nodiscard]] std::int64_t& operator[](Category category);
   [[nodiscard]] std::int64_t operator[](Category category) const;
+  /// All counts together, at most the greatest number there is.
   [[nodiscard]] std::int64_t total() const;
   bool operator==(const Counts&) const = default;
 };
@@ -63,19 +67,24 @@ struct Streak {
 /// How the native engine failed to answer.
 enum class Reply : std::uint8_t { busy, invalid, failed };
 
+/// How often it failed in each way.
 struct Replies {
   std::int64_t busy = 0;
   std::int64_t invalid = 0;
   std::int64_t failed = 0;
 
+  /// The count of one way.
   [[nodiscard]] std::int64_t& operator[](Reply reply);
   [[nodiscard]] std::int64_t operator[](Reply reply) const;
+  /// All counts together, at most the greatest number there is.
   [[nodiscard]] std::int64_t total() const;
   bool operator==(const Replies&) const = default;
 };
 
+/// How often each reason was given.
 using Reasons = std::map<std::string, std::int64_t, std::less<>>;
 
+/// What is known of one stage of capture.
 struct Stage {
   /// The mode of the last comparison.
   std::string mode{};
@@ -123,7 +132,9 @@ struct Sample {
 ///
 /// A plain value with the form of its file. All counts are of 64 bits and stay at the greatest number there is.
 struct CaptureShadowReport {
+  /// The name of the file that hosts keep it in.
   static constexpr std::string_view fileName = "capture-shadow.json";
+  /// The version of the form that is written.
   static constexpr std::int64_t currentVersion = 1;
   /// The samples that are kept, of all stages together.
   static constexpr std::size_t sampleLimit = 20;

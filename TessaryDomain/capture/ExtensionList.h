@@ -12,6 +12,7 @@ namespace tessary {
 /// `CapturePreferences::normalizedExtension`; what has none never gets into the list.
 class ExtensionList {
  public:
+  /// Ascending by scalars, since all of them are ASCII.
   using Values = std::set<std::string, std::less<>>;
 
   ExtensionList() = default;

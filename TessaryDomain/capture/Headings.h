@@ -31,6 +31,7 @@ namespace tessary::Headings {
   return R"((?<![^\n])#{1,6})" + space + R"(+([^\n]+?))" + space + "*#*" + space + R"(*(?![^\n]))";
 }
 
+/// One match of the expression.
 struct Match {
   /// All that the expression matches.
   ByteRange whole;

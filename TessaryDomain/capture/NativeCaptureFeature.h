@@ -13,8 +13,10 @@
 /// stage: while a stage moves, both engines run and `CaptureShadowReport` keeps how they compared.
 namespace tessary::NativeCaptureFeature {
 
+/// The stages: the two that all records go through, then one for each agent or place that records come from.
 enum class Stage : std::uint8_t { merge, policy, claude, codex, hermes, gemini, folders };
 
+/// Which engines run a stage.
 enum class Mode : std::uint8_t {
   /// The Python engine alone.
   python,

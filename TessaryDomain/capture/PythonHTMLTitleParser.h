@@ -143,6 +143,7 @@ class BasicParser {
   std::deque<std::basic_string<Unit>> rewritten_;
 };
 
+/// The scanner over scalars, and over UTF-8, with the events of each.
 using Parser = BasicParser<char32_t>;
 using UTF8Parser = BasicParser<char>;
 using Event = BasicEvent<char32_t>;

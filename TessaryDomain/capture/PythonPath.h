@@ -16,6 +16,7 @@ namespace tessary {
 /// Text is UTF-8, compared exactly; "\" is an ordinary character; ill-formed bytes are kept as they are.
 class PythonPath {
  public:
+  /// A text cut behind its root.
   struct Split {
     std::string_view root;
     std::string_view rest;

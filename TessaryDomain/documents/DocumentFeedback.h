@@ -111,7 +111,9 @@ struct JSONForm<DocumentFeedbackRequest> {
 /// The file of all notes and open requests. Dates stand in it in the form of the coder with which it is read and
 /// written. Reading is strict: one bad note or request fails the whole file, with the error of the JSON reader.
 struct DocumentFeedbackArchive {
+  /// The version that is written.
   static constexpr std::int64_t currentVersion = 1;
+  /// The most that `validated` leaves.
   static constexpr std::size_t maximumNotes = 5'000;
   static constexpr std::size_t maximumRequests = 5'000;
   /// The most characters of an anchor in a validated archive.

@@ -16,6 +16,7 @@ namespace tessary {
 
 /// How a document is shown: as source code, as Markdown or as HTML.
 struct DocumentContentFormat {
+  /// Source code, in the language of a highlighter.
   struct Code {
     /// The lower-case name of a highlighter ("python"), or an extension where no name is known for it; absent where
     /// nothing is known.
@@ -23,9 +24,11 @@ struct DocumentContentFormat {
 
     bool operator==(const Code&) const = default;
   };
+  /// Markdown, which the renderer reads.
   struct Markdown {
     bool operator==(const Markdown&) const = default;
   };
+  /// A page, which the renderer makes safe.
   struct HTML {
     bool operator==(const HTML&) const = default;
   };
@@ -34,6 +37,7 @@ struct DocumentContentFormat {
 
   bool operator==(const DocumentContentFormat&) const = default;
 
+  /// The formats by name; `language` is that of `Code`.
   [[nodiscard]] static DocumentContentFormat code(std::optional<std::string_view> language);
   [[nodiscard]] static DocumentContentFormat markdown() { return {Markdown{}}; }
   [[nodiscard]] static DocumentContentFormat html() { return {HTML{}}; }

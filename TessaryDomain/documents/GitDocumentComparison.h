@@ -16,6 +16,7 @@ namespace tessary {
 /// How a document differs from its repository's last commit, as the capture service hands it to the interface. Nothing
 /// in it has been checked: a link passes through `validatedGitHubURL` before it is opened.
 struct GitDocumentComparison {
+  /// Whether there is a comparison, and else why not.
   enum class Status : std::uint8_t {
     /// There is a comparison.
     available,

@@ -39,13 +39,16 @@ struct JSONRefusal {
 template <class T>
 using JSONPairs = std::vector<std::pair<std::string, T>>;
 
+/// The types that are written as one token.
 template <class T>
 concept JSONScalar = std::same_as<T, bool> || std::same_as<T, std::int32_t> || std::same_as<T, std::int64_t> ||
                      std::same_as<T, double> || std::same_as<T, std::string> || std::same_as<T, Date>;
 
+/// The types with a table of fields.
 template <class T>
 concept JSONRecord = requires { JSONForm<T>::fields; };
 
+/// The types that are read and written by way of another.
 template <class T>
 concept JSONWired = requires { typename JSONForm<T>::Wire; };
 

@@ -24,11 +24,14 @@ class Date {
   /// 2001-01-01T00:00:00Z.
   constexpr Date() = default;
 
+  /// The date that many seconds after 1970-01-01T00:00:00Z, or after 2001-01-01T00:00:00Z; before it for a negative
+  /// number.
   [[nodiscard]] static constexpr Date fromSecondsSince1970(double seconds) {
     return Date(seconds - secondsBetween1970And2001);
   }
   [[nodiscard]] static constexpr Date fromSecondsSince2001(double seconds) { return Date(seconds); }
 
+  /// The seconds from either moment to the date.
   [[nodiscard]] constexpr double secondsSince1970() const { return seconds_ + secondsBetween1970And2001; }
   [[nodiscard]] constexpr double secondsSince2001() const { return seconds_; }
 

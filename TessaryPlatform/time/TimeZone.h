@@ -25,6 +25,7 @@ class TimeZone {
   /// Absent for a name that stands for no zone; letters must have their right case.
   [[nodiscard]] static std::optional<TimeZone> named(std::string_view identifier);
 
+  /// The zone "UTC", which is there whatever ICU's database holds.
   [[nodiscard]] static TimeZone utc();
 
   /// The name, with a fixed offset written in full ("GMT+09:00").
