@@ -3,7 +3,6 @@
 
 #include <cstddef>
 #include <cstdint>
-#include <cstdlib>
 #include <string>
 #include <string_view>
 #include <utility>
@@ -11,14 +10,13 @@
 
 #include "TessaryLocalization/LocalizationCatalogs.h"
 #include "TessaryLocalization/StoredSentences.h"
+#include "support/Require.h"
 
 namespace {
 
 using namespace tessary;
 
-void require(bool condition) {
-  if (!condition) std::abort();
-}
+using tessary::testing::require;
 
 }  // namespace
 

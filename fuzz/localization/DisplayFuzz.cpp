@@ -4,7 +4,6 @@
 
 #include <cstddef>
 #include <cstdint>
-#include <cstdlib>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -16,14 +15,13 @@
 #include "TessaryLocalization/StoredSentences.h"
 #include "TessaryPlatform/text/RegularExpression.h"
 #include "TessaryPlatform/text/UTF8.h"
+#include "support/Require.h"
 
 namespace {
 
 using namespace tessary;
 
-void require(bool condition) {
-  if (!condition) std::abort();
-}
+using tessary::testing::require;
 
 /// The message that the patterns find, each tried in turn as a regular expression; absent also where one gave up.
 std::optional<std::string> keyByExpressions(const std::string& sentence, bool& isComplete) {

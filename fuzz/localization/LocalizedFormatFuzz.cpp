@@ -1,6 +1,5 @@
 #include <cstddef>
 #include <cstdint>
-#include <cstdlib>
 #include <cstring>
 #include <string>
 #include <string_view>
@@ -10,14 +9,13 @@
 #include "TessaryLocalization/LocalizedFormat.h"
 #include "TessaryPlatform/time/ISO8601.h"
 #include "TessaryPlatform/time/TimeZone.h"
+#include "support/Require.h"
 
 using namespace tessary;
 
 namespace {
 
-void require(bool condition) {
-  if (!condition) std::abort();
-}
+using tessary::testing::require;
 
 /// A timestamp is a date of the wider reader, and a text that is none is shown as it stands.
 void checkTimestamp(std::string_view text, const Locale& locale) {

@@ -13,12 +13,11 @@
 #include "TessaryRenderer/RendererLimits.h"
 #include "TessaryRenderer/RequestDoor.h"
 #include "TessaryRenderer/ScriptContext.h"
+#include "support/Require.h"
 
 namespace {
 
-void require(bool holds) {
-  if (!holds) std::abort();
-}
+using tessary::testing::require;
 
 /// What the engine makes of a request: "!" for no JSON, "scalar", "list", "object", or for a render request "render"
 /// with the length of its source in scalars and bytes' worth, or "render?" without a source.

@@ -3,7 +3,6 @@
 
 #include <cstddef>
 #include <cstdint>
-#include <cstdlib>
 #include <cstring>
 #include <string>
 #include <string_view>
@@ -13,12 +12,11 @@
 #include "TessaryRenderer/RendererFailure.h"
 #include "TessaryRenderer/ResultConversion.h"
 #include "TessaryRenderer/ScriptContext.h"
+#include "support/Require.h"
 
 namespace {
 
-void require(bool holds) {
-  if (!holds) std::abort();
-}
+using tessary::testing::require;
 
 /// `make` builds a result from units; `same` compares it, read back, with the original.
 constexpr std::u16string_view shapeScript =

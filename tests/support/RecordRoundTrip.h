@@ -1,19 +1,14 @@
 #pragma once
 
-#include <cstdlib>
 #include <expected>
 #include <optional>
 #include <string>
 #include <string_view>
 
 #include "TessaryPlatform/json/JSONRecord.h"
+#include "support/Require.h"
 
 namespace tessary::testing {
-
-/// Aborts where a property of a fuzz target is broken.
-inline void require(bool holds) {
-  if (!holds) std::abort();
-}
 
 /// Reads any bytes as a `T` and requires what holds for every reader: what is not JSON, and nothing else, is called
 /// malformed; an error lies within the text; and a value that was read is written, read as the same and written as the

@@ -4,7 +4,6 @@
 #include <algorithm>
 #include <cstddef>
 #include <cstdint>
-#include <cstdlib>
 #include <string>
 #include <string_view>
 
@@ -12,14 +11,13 @@
 #include "TessaryDomain/capture/ResolvedCapturePolicy.h"
 #include "TessaryPlatform/json/JSONRecord.h"
 #include "TessaryPlatform/json/JSONValue.h"
+#include "support/Require.h"
 
 namespace {
 
 using namespace tessary;
 
-void require(bool condition) {
-  if (!condition) std::abort();
-}
+using tessary::testing::require;
 
 void requireCanonical(const CapturePreferences& preferences) {
   require(preferences.types.size() == allCases<ArtifactCategory>().size());

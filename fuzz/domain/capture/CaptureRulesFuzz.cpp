@@ -6,7 +6,6 @@
 #include <cmath>
 #include <cstddef>
 #include <cstdint>
-#include <cstdlib>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -15,14 +14,13 @@
 #include "TessaryDomain/capture/CaptureRules.h"
 #include "TessaryDomain/capture/Headings.h"
 #include "TessaryPlatform/text/UTF8.h"
+#include "support/Require.h"
 
 namespace {
 
 namespace CaptureRules = tessary::CaptureRules;
 
-void require(bool holds) {
-  if (!holds) std::abort();
-}
+using tessary::testing::require;
 
 void checkExtension(std::string_view text) {
   const std::optional<std::string> normal = CaptureRules::normalizedExtension(text);

@@ -4,7 +4,6 @@
 #include <array>
 #include <cstddef>
 #include <cstdint>
-#include <cstdlib>
 #include <limits>
 #include <optional>
 #include <string>
@@ -14,15 +13,14 @@
 #include "TessaryDomain/capture/NativeCaptureFeature.h"
 #include "TessaryPlatform/json/JSONRecord.h"
 #include "TessaryPlatform/text/UTF8.h"
+#include "support/Require.h"
 
 namespace {
 
 using namespace tessary;
 using Report = CaptureShadowReport;
 
-void require(bool condition) {
-  if (!condition) std::abort();
-}
+using tessary::testing::require;
 
 void requireRoundTrip(const Report& report) {
   const auto written = writeJSON(report);

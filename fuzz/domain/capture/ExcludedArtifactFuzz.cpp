@@ -4,7 +4,6 @@
 #include <algorithm>
 #include <cstddef>
 #include <cstdint>
-#include <cstdlib>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -15,15 +14,14 @@
 #include "TessaryDomain/capture/PythonText.h"
 #include "TessaryDomain/capture/SecretNames.h"
 #include "TessaryPlatform/text/RegularExpression.h"
+#include "support/Require.h"
 
 namespace {
 
 using namespace tessary;
 using namespace tessary::CaptureRules;
 
-void require(bool condition) {
-  if (!condition) std::abort();
-}
+using tessary::testing::require;
 
 std::string_view takeLine(std::string_view& text) {
   const std::size_t end = std::min(text.find('\n'), text.size());

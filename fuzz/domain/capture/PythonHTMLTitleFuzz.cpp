@@ -3,21 +3,19 @@
 
 #include <cstddef>
 #include <cstdint>
-#include <cstdlib>
 #include <string>
 #include <string_view>
 #include <vector>
 
 #include "TessaryDomain/capture/PythonHTMLTitle.h"
 #include "TessaryPlatform/text/UTF8.h"
+#include "support/Require.h"
 
 namespace {
 
 using namespace tessary;
 
-void require(bool condition) {
-  if (!condition) std::abort();
-}
+using tessary::testing::require;
 
 std::string utf8(std::string_view text) {
   return std::string(text);

@@ -3,20 +3,18 @@
 
 #include <cstddef>
 #include <cstdint>
-#include <cstdlib>
 #include <string>
 #include <string_view>
 
 #include "TessaryDomain/capture/PythonHTMLTitleReferences.h"
 #include "TessaryPlatform/text/UTF8.h"
+#include "support/Require.h"
 
 namespace {
 
 using namespace tessary;
 
-void require(bool condition) {
-  if (!condition) std::abort();
-}
+using tessary::testing::require;
 
 }  // namespace
 

@@ -2,20 +2,18 @@
 
 #include <cstddef>
 #include <cstdint>
-#include <cstdlib>
 #include <string>
 #include <string_view>
 
 #include "TessaryDomain/capture/PythonPath.h"
 #include "TessaryDomain/capture/PythonText.h"
+#include "support/Require.h"
 
 namespace {
 
 using namespace tessary;
 
-void require(bool condition) {
-  if (!condition) std::abort();
-}
+using tessary::testing::require;
 
 void checkPieces(std::string_view text) {
   const std::string_view stripped = PythonText::strip(text);

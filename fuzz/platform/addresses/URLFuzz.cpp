@@ -1,18 +1,16 @@
 #include <cstddef>
 #include <cstdint>
-#include <cstdlib>
 #include <string_view>
 
 #include "TessaryPlatform/addresses/PercentEncoding.h"
 #include "TessaryPlatform/addresses/URL.h"
+#include "support/Require.h"
 
 using namespace tessary;
 
 namespace {
 
-void require(bool holds) {
-  if (!holds) std::abort();
-}
+using tessary::testing::require;
 
 void checkForm(const URL& url) {
   for (const char byte : url.text())

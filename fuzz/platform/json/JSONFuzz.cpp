@@ -4,22 +4,19 @@
 #include <cmath>
 #include <cstddef>
 #include <cstdint>
-#include <cstdlib>
-#include <string>
 #include <string_view>
 
 #include "TessaryPlatform/json/JSONSyntax.h"
 #include "TessaryPlatform/json/JSONTokens.h"
 #include "TessaryPlatform/json/JSONValue.h"
+#include "support/Require.h"
 
 #include "ReferenceJSON.h"
 #include "TestRecord.h"
 
 namespace {
 
-void require(bool holds) {
-  if (!holds) std::abort();
-}
+using tessary::testing::require;
 
 /// Python's layout, which keeps floating-point numbers apart from integers.
 constexpr tessary::JSONStyle style = {.separators = tessary::JSONStyle::Separators::spaced,

@@ -1,18 +1,16 @@
 #include <cstddef>
 #include <cstdint>
-#include <cstdlib>
 #include <string>
 #include <string_view>
 
 #include "TessaryPlatform/paths/Paths.h"
+#include "support/Require.h"
 
 using namespace tessary;
 
 namespace {
 
-void require(bool holds) {
-  if (!holds) std::abort();
-}
+using tessary::testing::require;
 
 /// An absolute path whose components are neither empty nor dots.
 bool isStandard(std::string_view path) {

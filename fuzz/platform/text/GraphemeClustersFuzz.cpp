@@ -1,8 +1,6 @@
 #include <cstddef>
 #include <cstdint>
-#include <cstdlib>
 #include <memory>
-#include <string>
 #include <string_view>
 #include <vector>
 
@@ -12,14 +10,13 @@
 
 #include "TessaryPlatform/text/GraphemeClusters.h"
 #include "TessaryPlatform/text/UTF8.h"
+#include "support/Require.h"
 
 // Any bytes: the characters cover the text, are the same in both directions and by number, and begin where ICU's do.
 
 namespace {
 
-void require(bool holds) {
-  if (!holds) std::abort();
-}
+using tessary::testing::require;
 
 /// How many characters ICU sees.
 std::size_t countByICU(std::string_view text) {

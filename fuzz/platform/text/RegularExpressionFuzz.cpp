@@ -1,12 +1,12 @@
 #include <array>
 #include <cstddef>
 #include <cstdint>
-#include <cstdlib>
 #include <string>
 #include <string_view>
 
 #include "TessaryPlatform/text/RegularExpression.h"
 #include "TessaryPlatform/text/UTF8.h"
+#include "support/Require.h"
 
 // Any bytes as text, under patterns of the kinds that the system uses, and as a pattern, a template and a literal.
 
@@ -17,9 +17,7 @@ using tessary::RegexFind;
 using tessary::RegexSubject;
 using tessary::RegularExpression;
 
-void require(bool holds) {
-  if (!holds) std::abort();
-}
+using tessary::testing::require;
 
 bool isBoundary(std::string_view text, std::size_t position) {
   return position == text.size() ||

@@ -1,6 +1,5 @@
 #include <cstddef>
 #include <cstdint>
-#include <cstdlib>
 #include <string>
 #include <string_view>
 
@@ -11,15 +10,14 @@
 #include "TessaryPlatform/text/TextPieces.h"
 #include "TessaryPlatform/text/UTF8.h"
 #include "TessaryPlatform/text/WhiteSpace.h"
+#include "support/Require.h"
 
 // Any bytes: every road between the encodings gives the same text, in both directions, and agrees with ICU; and what
 // ICU is handed in pieces becomes what the whole would.
 
 namespace {
 
-void require(bool holds) {
-  if (!holds) std::abort();
-}
+using tessary::testing::require;
 
 }  // namespace
 
