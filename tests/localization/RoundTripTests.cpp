@@ -15,18 +15,14 @@
 #include "TessaryLocalization/StoredSentences.h"
 #include "TessaryPlatform/text/RegularExpression.h"
 #include "TessaryPlatform/text/UTF8.h"
+#include "support/Texts.h"
 
 // Every sentence that may be stored, in every language, and back out in every other: over the catalogs of the product.
 
 namespace tessary {
 namespace {
 
-std::string repeated(std::string_view unit, std::size_t count) {
-  std::string text;
-  for (; count > 0; --count)
-    text += unit;
-  return text;
-}
+using testing::repeated;
 
 /// The counts that choose each form of every language, and how numbers are written in several scripts.
 const std::vector<std::string> quantities{"0",

@@ -11,11 +11,13 @@
 
 #include "TessaryLocalization/SentenceExpression.h"
 #include "TessaryPlatform/text/RegularExpression.h"
+#include "support/Texts.h"
 
 namespace tessary {
 namespace {
 
-using testing::ElementsAre;
+using ::testing::ElementsAre;
+using testing::repeated;
 
 using Groups = std::optional<std::vector<std::string>>;
 
@@ -40,13 +42,6 @@ Groups matchOfICU(const RegularExpression& expression, std::string_view text) {
   for (std::size_t group = 1; group <= expression.groupCount(); ++group)
     groups.emplace_back(found.match->group(group)->in(text));
   return groups;
-}
-
-std::string repeated(std::string_view unit, std::size_t count) {
-  std::string text;
-  for (; count > 0; --count)
-    text += unit;
-  return text;
 }
 
 TEST(SentenceExpression, StandsForAnExpressionOfICU) {
@@ -123,7 +118,7 @@ TEST(SentenceExpression, AnswersAsICUDoesOverAllShortSentences) {
         const RegularExpression expression(SentenceExpression(three).pattern());
         for (const std::string& sentence : sentences)
           ASSERT_EQ(match(three, sentence), matchOfICU(expression, sentence))
-              << testing::PrintToString(three) << testing::PrintToString(sentence);
+              << ::testing::PrintToString(three) << ::testing::PrintToString(sentence);
       }
     }
   }
@@ -150,7 +145,7 @@ TEST(SentenceExpression, AnswersAsICUDoesOverRandomSentences) {
       for (const std::string& literal : literals)
         sentence += literal + text(3);
       ASSERT_EQ(match(literals, sentence), matchOfICU(expression, sentence))
-          << "round " << round << testing::PrintToString(literals) << testing::PrintToString(sentence);
+          << "round " << round << ::testing::PrintToString(literals) << ::testing::PrintToString(sentence);
     }
   }
 }
@@ -177,7 +172,7 @@ TEST(SentenceExpression, TakesLinearTimeWhereICUBacktracks) {
                                                           {"", "\n", "\n", "\n", "b"}};
   for (const auto& literals : expressions) {
     for (const std::string_view unit : {"a", "aaab", "\n", "a\n", "한a"})
-      EXPECT_EQ(match(literals, repeated(unit, 200'000)), std::nullopt) << testing::PrintToString(literals) << unit;
+      EXPECT_EQ(match(literals, repeated(unit, 200'000)), std::nullopt) << ::testing::PrintToString(literals) << unit;
   }
 }
 

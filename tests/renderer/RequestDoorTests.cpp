@@ -9,9 +9,12 @@
 #include "TessaryRenderer/RendererFailure.h"
 #include "TessaryRenderer/RendererLimits.h"
 #include "TessaryRenderer/RequestDoor.h"
+#include "support/Texts.h"
 
 namespace tessary {
 namespace {
+
+using testing::repeated;
 
 using Check = std::expected<void, RendererFailure>;
 
@@ -22,13 +25,6 @@ const Check tooLarge = std::unexpected(RendererFailures::sourceTooLarge);
 
 std::string withSource(std::string_view spelled) {
   return R"({"operation":"render","text":")" + std::string(spelled) + "\"}";
-}
-
-std::string repeated(std::string_view piece, std::size_t count) {
-  std::string text;
-  for (std::size_t index = 0; index < count; ++index)
-    text += piece;
-  return text;
 }
 
 TEST(RequestDoor, TakesJSONAsTheStandardDefinesItAndNothingElse) {

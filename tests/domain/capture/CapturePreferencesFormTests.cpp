@@ -13,17 +13,12 @@
 #include "TessaryDomain/capture/CapturePreferences.h"
 #include "TessaryPlatform/json/JSONRecord.h"
 #include "TessaryPlatform/json/JSONValue.h"
+#include "support/JSONErrors.h"
 
-#include "JSONErrorText.h"
+#include "ReadPreferences.h"
 
 namespace tessary {
 namespace {
-
-CapturePreferences preferences(std::string_view json) {
-  const auto read = readJSON<CapturePreferences>(json);
-  EXPECT_TRUE(read) << json << ": " << text(read.error());
-  return read.value_or(CapturePreferences());
-}
 
 std::string errorOf(std::string_view json) {
   const auto read = readJSON<CapturePreferences>(json);

@@ -13,18 +13,12 @@
 #include "TessaryDomain/capture/CapturePreferences.h"
 #include "TessaryPlatform/json/JSONRecord.h"
 
-#include "JSONErrorText.h"
+#include "ReadPreferences.h"
 
 namespace tessary {
 namespace {
 
 using Texts = std::vector<std::string>;
-
-CapturePreferences preferences(std::string_view json) {
-  const auto read = readJSON<CapturePreferences>(json);
-  EXPECT_TRUE(read) << json << ": " << text(read.error());
-  return read.value_or(CapturePreferences());
-}
 
 Texts extensionsOf(const CapturePreferences& value) {
   return {value.extensions.values().begin(), value.extensions.values().end()};

@@ -15,7 +15,7 @@
 #include "TessaryDomain/capture/CapturePreferences.h"
 #include "TessaryPlatform/json/JSONRecord.h"
 
-#include "JSONErrorText.h"
+#include "ReadPreferences.h"
 
 namespace tessary {
 namespace {
@@ -24,12 +24,6 @@ using enum ArtifactCategory;
 using Texts = std::vector<std::string>;
 
 const Texts videoList{"avi", "m4v", "mkv", "mov", "mp4", "mpeg", "mpg", "webm"};
-
-CapturePreferences preferences(std::string_view json) {
-  const auto read = readJSON<CapturePreferences>(json);
-  EXPECT_TRUE(read) << json << ": " << text(read.error());
-  return read.value_or(CapturePreferences());
-}
 
 /// The keys that take part in an inference, as they stand in a file; absent where the file does not hold them.
 struct File {

@@ -1,7 +1,6 @@
 // The file of the report.
 
 #include <array>
-#include <limits>
 #include <string>
 #include <string_view>
 
@@ -9,8 +8,7 @@
 
 #include "TessaryDomain/capture/CaptureShadowReport.h"
 #include "TessaryPlatform/json/JSONRecord.h"
-
-#include "JSONErrorText.h"
+#include "support/JSONErrors.h"
 
 namespace tessary {
 namespace {

@@ -9,6 +9,8 @@
 #include "TessaryDomain/capture/PythonText.h"
 #include "TessaryPlatform/text/UTF8.h"
 
+#include "ExpressionTexts.h"
+
 namespace tessary {
 namespace {
 
@@ -115,25 +117,6 @@ void checkAgainstTheRules(std::string_view text) {
   ASSERT_NO_FATAL_FAILURE(checkFolds(text));
   for (std::size_t count = 0; count <= scalars.size(); ++count)
     ASSERT_EQ(PythonText::prefix(text, count), joined(scalars, 0, count)) << testing::PrintToString(text);
-}
-
-/// Calls `body` with every text of up to `longest` of the given units.
-template <typename Body>
-void forEveryText(const Texts& units, std::size_t longest, const Body& body) {
-  std::vector<std::size_t> chosen;
-  std::string text;
-  for (;;) {
-    text.clear();
-    for (const std::size_t unit : chosen)
-      text += units[unit];
-    body(text);
-    std::size_t place = 0;
-    while (place < chosen.size() && ++chosen[place] == units.size())
-      chosen[place++] = 0;
-    if (place < chosen.size()) continue;
-    if (chosen.size() == longest) return;
-    chosen.push_back(0);
-  }
 }
 
 TEST(PythonTextRules, HoldForEveryShortText) {

@@ -14,6 +14,7 @@
 #include "TessaryPlatform/text/GraphemeClusters.h"
 #include "TessaryPlatform/text/RegularExpression.h"
 #include "TessaryPlatform/text/UTF8.h"
+#include "support/Texts.h"
 
 #include "Boards.h"
 
@@ -23,6 +24,7 @@ namespace {
 using testing::archiveOf;
 using testing::boardOf;
 using testing::outcome;
+using testing::repeated;
 
 /// A text of a board: where it stands, how many characters it may have, and the error for one that may not stand there.
 struct Place {
@@ -57,14 +59,6 @@ void expectAllowed(std::string_view text, bool isAllowed, bool isAllowedInLines)
     const bool expected = place.allowsLines ? isAllowedInLines : isAllowed;
     EXPECT_EQ(outcomeOf(place, std::string(text)), expected ? "valid" : place.error) << place.name << ": " << text;
   }
-}
-
-std::string repeated(std::string_view unit, std::size_t count) {
-  std::string text;
-  text.reserve(unit.size() * count);
-  for (; count > 0; --count)
-    text += unit;
-  return text;
 }
 
 // Lengths.

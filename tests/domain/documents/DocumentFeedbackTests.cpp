@@ -12,6 +12,7 @@
 
 #include "TessaryDomain/documents/DocumentFeedback.h"
 #include "support/RecordSweep.h"
+#include "support/Texts.h"
 
 namespace tessary {
 namespace {
@@ -19,6 +20,7 @@ namespace {
 using enum testing::SweepRule;
 using enum JSONExpectation;
 using testing::goldenText;
+using testing::repeated;
 using Kind = JSONDecodingError::Kind;
 
 const std::vector<testing::SweepDate> dates = {{"2026-01-02T03:04:05Z", 789'015'845},
@@ -223,13 +225,6 @@ TEST(ValidatedFeedback, DropsNotesOnLinesThatDoNotExistAndOnMoreThan400) {
     candidate.endLine = row.endLine;
     EXPECT_EQ(isKept(candidate), row.isKept) << row.startLine << " to " << row.endLine;
   }
-}
-
-std::string repeated(std::string_view piece, std::size_t count) {
-  std::string text;
-  for (std::size_t index = 0; index < count; ++index)
-    text += piece;
-  return text;
 }
 
 /// Pieces that are one character each, however often they follow one another.
