@@ -1,3 +1,4 @@
+#include <memory>
 #include <string>
 #include <vector>
 
@@ -165,13 +166,16 @@ TEST_F(Controller, LetsAnObserverThatIsRegisteredMeanwhileWait) {
 }
 
 TEST(LocalizationController, LeavesObservationsThatOutliveItAlone) {
+  const auto token = std::make_shared<int>(0);
   LocalizationController::Observation observation;
   LocalizationRuntime runtime({.language = "en", .locale = Locale("en")});
   {
     LocalizationController controller(runtime, [] { return LocalizationController::System{}; });
-    observation = controller.observe([] {});
+    observation = controller.observe([kept = token] {});
   }
+  EXPECT_EQ(token.use_count(), 2) << "the observer lives as long as its observation";
   observation.end();
+  EXPECT_EQ(token.use_count(), 1);
 }
 
 TEST(LocalizationController, OfTheProcessChangesWhatHoldsEverywhere) {
