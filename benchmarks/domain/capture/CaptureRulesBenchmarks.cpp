@@ -2,15 +2,9 @@
 // reading of event times. Nothing is timed against answers that differ.
 
 #include <array>
-#include <cstdio>
-#include <cstdlib>
-#include <filesystem>
-#include <fstream>
 #include <optional>
-#include <sstream>
 #include <string>
 #include <string_view>
-#include <unistd.h>
 #include <vector>
 
 #include <benchmark/benchmark.h>
@@ -21,6 +15,8 @@
 #include "TessaryDomain/capture/ExcludedArtifact.h"
 #include "TessaryDomain/capture/PythonISOTimestamp.h"
 #include "TessaryDomain/capture/PythonPath.h"
+
+#include "PythonScript.h"
 
 namespace tessary {
 namespace {
@@ -120,32 +116,6 @@ std::string answer(const Judgement& judgement) {
          (judgement.allowed ? " allowed" : " refused");
 }
 
-/// Runs the peer: its nanoseconds per path, and its answers.
-std::pair<double, Texts> runPeer(const Texts& paths) {
-  const std::filesystem::path input =
-      std::filesystem::temp_directory_path() / ("tessary-rules-benchmark-" + std::to_string(getpid()));
-  std::ofstream file(input, std::ios::binary);
-  for (std::size_t index = 0; index < paths.size(); ++index)
-    file << (index > 0 ? std::string(1, '\0') : "") << paths[index];
-  file.close();
-  const std::string command = "python3 '" TESSARY_CAPTURE_RULES_PEER "' '" + input.string() + "'";
-  std::stringstream output;
-  if (FILE* const pipe = popen(command.c_str(), "r")) {
-    char buffer[4096];
-    while (const std::size_t count = fread(buffer, 1, sizeof buffer, pipe))
-      output.write(buffer, static_cast<std::streamsize>(count));
-    pclose(pipe);
-  }
-  std::filesystem::remove(input);
-  std::string line;
-  std::getline(output, line);
-  const double nanoseconds = std::strtod(line.c_str(), nullptr);
-  Texts answers;
-  while (std::getline(output, line))
-    answers.push_back(line);
-  return {nanoseconds, answers};
-}
-
 void pathRules(benchmark::State& state) {
   const Texts paths = makePaths();
   const ResolvedCapturePolicy policy = makePolicy();
@@ -161,7 +131,7 @@ BENCHMARK(pathRules)->Name("PathRules/Tessary")->Unit(benchmark::kMicrosecond);
 void pathRulesInPython(benchmark::State& state) {
   const Texts paths = makePaths();
   const ResolvedCapturePolicy policy = makePolicy();
-  const auto [nanoseconds, answers] = runPeer(paths);
+  const auto [nanoseconds, answers] = askPython(TESSARY_CAPTURE_RULES_PEER, "", paths);
   Texts ours;
   for (std::size_t index = 0; index < paths.size(); ++index)
     ours.push_back(answer(judge(paths[index], modifiedAt(index), policy)));

@@ -20,6 +20,7 @@
 #include "TessaryPlatform/text/UTF8.h"
 
 #include "HTMLPages.h"
+#include "PythonScript.h"
 
 namespace tessary {
 namespace {
@@ -122,16 +123,9 @@ std::map<std::string, PeerAnswer> askCPython(const HTMLPages& pages) {
   fs::create_directories(folder);
   for (std::size_t number = 0; number < pages.pages.size(); ++number)
     std::ofstream(folder / (std::to_string(number) + ".html"), std::ios::binary) << pages.pages[number];
-  const std::string command = "python3 '" TESSARY_HTML_PEER "' '" + folder.string() + "'";
-  std::FILE* pipe = popen(command.c_str(), "r");
-  if (pipe == nullptr) stop("python3 does not start");
-  std::string output;
-  for (int byte = std::fgetc(pipe); byte != EOF; byte = std::fgetc(pipe))
-    output.push_back(static_cast<char>(byte));
-  pclose(pipe);
+  std::istringstream lines(outputOfPython(TESSARY_HTML_PEER, "'" + folder.string() + "'"));
   fs::remove_all(folder);
   std::map<std::string, PeerAnswer> answers;
-  std::istringstream lines(output);
   std::string task;
   for (PeerAnswer answer{}; lines >> task >> answer.seconds >> answer.checksum;)
     answers[task] = answer;
