@@ -3,8 +3,6 @@
 //
 //   render-page RENDERER ASSETS FILE PAGE
 
-#include <algorithm>
-#include <array>
 #include <csignal>
 #include <cstdio>
 #include <expected>
@@ -14,42 +12,33 @@
 #include <string>
 #include <string_view>
 #include <utility>
+#include <variant>
 #include <vector>
 
+#include "TessaryDomain/documents/DocumentRendering.h"
 #include "TessaryPlatform/json/JSONValue.h"
-#include "TessaryPlatform/text/Casing.h"
 #include "TessaryPlatform/text/UTF8.h"
 
 #include "ChildProcess.h"
 
 namespace {
 
-using namespace std::literals;
+using tessary::DocumentContentFormat;
 using tessary::JSONValue;
 
-struct Format {
-  std::string kind;
-  /// A name that the asset's highlighter knows, or empty.
-  std::string language;
-};
-
-/// Markdown and HTML by their usual extensions; everything else is code, and the extension names the language.
-Format formatOf(const std::filesystem::path& file) {
-  constexpr auto markdownExtensions = std::to_array({".md"sv, ".markdown"sv, ".mdown"sv, ".mkd"sv});
-  constexpr auto htmlExtensions = std::to_array({".html"sv, ".htm"sv, ".xhtml"sv});
-  const std::string extension = tessary::lowercased(file.extension().string());
-  const std::string name = tessary::lowercased(file.filename().string());
-  if (std::ranges::find(markdownExtensions, extension) != markdownExtensions.end()) return {"markdown", ""};
-  if (std::ranges::find(htmlExtensions, extension) != htmlExtensions.end()) return {"html", ""};
-  if (name == "cmakelists.txt") return {"code", "cmake"};
-  if (name == "dockerfile" || name == "makefile") return {"code", name};
-  if (extension == ".txt" || extension.size() < 2) return {"code", "plaintext"};
-  return {"code", extension.substr(1)};
+/// The format that the library gives a file of that name. A file that is neither Markdown nor HTML is shown as code.
+DocumentContentFormat formatOf(const std::filesystem::path& file) {
+  tessary::DocumentRecord record;
+  record.kind = "text";
+  record.sourcePath = file.string();
+  return DocumentContentFormat::resolve(record, nullptr);
 }
 
-std::string requestFor(std::string_view text, const Format& format) {
-  JSONValue::Object form = {{"kind", format.kind}};
-  if (!format.language.empty()) form.push_back({"language", format.language});
+std::string requestFor(std::string_view text, const DocumentContentFormat& format) {
+  const auto* const code = std::get_if<DocumentContentFormat::Code>(&format.value);
+  const bool isHTML = std::holds_alternative<DocumentContentFormat::HTML>(format.value);
+  JSONValue::Object form = {{"kind", code != nullptr ? "code" : isHTML ? "html" : "markdown"}};
+  if (code != nullptr && code->language) form.push_back({"language", *code->language});
   const JSONValue request = JSONValue::Object{{"operation", "render"},
                                               {"text", text},
                                               {"format", std::move(form)},
@@ -145,7 +134,7 @@ int main(int argumentCount, char** arguments) {
     std::fprintf(stderr, "render-page: %s\n", notice.c_str());
 
   std::ofstream out(page, std::ios::binary | std::ios::trunc);
-  out << pageOf(*rendered, tessary::toUTF8(tessary::toScalars(document.filename().string())));
+  out << pageOf(*rendered, tessary::repairedUTF8(document.filename().string()));
   out.close();
   if (!out) return fail("cannot write " + page.string());
   return 0;
