@@ -1,7 +1,8 @@
 /**
  * The highlighter prepares a whole grammar when a language is first used: the expressions and keyword tables of every
  * mode, of which a short document enters a few. These changes to its source, made when it is bundled, prepare a mode
- * when it is entered. What it finds stays the same, to the byte.
+ * when it is entered, and take out what costs at every match and serves nobody. What it finds stays the same, to the
+ * byte.
  *
  * Each change names the beginning and the end of a passage of the package, which is locked to one version; a passage
  * that is missing, or there twice, ends the build.
@@ -26,6 +27,34 @@ function captureGroups(pattern) {
   return count;
 }
 const REFERENCE = /\\\\[1-9]/;
+const CAPTURING = /\\\\.|\\[(?:\\\\.|[^\\]\\\\])*\\]|\\((?!\\?)/gs;
+function withoutGroups(pattern) {
+  if (pattern.indexOf('(') < 0 || REFERENCE.test(pattern) || /\\(\\?<[^=!]/.test(pattern)) return pattern;
+  return pattern.replace(CAPTURING, (piece) => (piece === '(' ? '(?:' : piece));
+}
+// Whether the groups of what ends a mode may be asked for, by the mode itself or by one that ends with it.
+function asksForGroupsOfEnd(mode) {
+  return mode['on:end'] || mode.starts || mode.endsWithParent || mode.endsParent || (mode.endScope && mode.endScope._multi);
+}
+function asksForGroupsOfBegin(mode) {
+  return mode['on:begin'] || (mode.beginScope && mode.beginScope._multi);
+}
+class Found {
+  constructor(match, first, { rule, type, position }) {
+    this.match = match;
+    this.first = first;
+    this.lexeme = match[first];
+    this.index = match.index;
+    this.rule = rule;
+    this.type = type;
+    this.position = position;
+  }
+  get groups() {
+    if (this.first > 0) this.match.splice(0, this.first);
+    this.first = 0;
+    return this.match;
+  }
+}
 let hasEmbedded = (names) => names != null;
 function prepareNow(mode) {
   if (mode && mode.isCompiled) void mode.matcher;
@@ -94,6 +123,49 @@ const CHANGES = [
   // A copy of a mode takes over what the mode holds.
   ['if (mode.variants && !mode.cachedVariants) {', '\n', 'if (mode.variants && !mode.cachedVariants) {\nprepareNow(mode);\n'],
   ['if (dependencyOnParent(mode)) {', '\n', 'if (dependencyOnParent(mode)) {\nprepareNow(mode);\nprepareNow(mode.starts);\n'],
+  // The expression of a mode joins those of all its rules, and each match fills a list with the groups of all of them.
+  // Groups that nobody asks for are made none, and the list becomes a rule's own only for those who ask.
+  [
+    'opts.position = this.position++;',
+    '+ 1;',
+    `opts.position = this.position++;
+      const asksForGroups = opts.rule ? asksForGroupsOfBegin(opts.rule) : opts.asksForGroups;
+      const pattern = asksForGroups ? source(re) : withoutGroups(source(re));
+      this.starts.push(this.matchAt);
+      this.regexes.push([opts, pattern]);
+      this.matchAt += countMatchGroups(pattern) + 1;`,
+  ],
+  ['this.matchIndexes = {}', ';', 'this.starts = [];'],
+  [
+    'const i = match.findIndex(',
+    'return Object.assign(match, matchData);',
+    `const { starts } = this;
+      let i = 0;
+      while (match[starts[i]] === undefined) i++;
+      return new Found(match, starts[i], this.regexes[i][0]);`,
+  ],
+  ['{ type: "end" ', '}', '{ type: "end", asksForGroups: asksForGroupsOfEnd(mode) }'],
+  ['const lexeme = match && match[0]', ';', 'const lexeme = match && match.lexeme;'],
+  [
+    'const lexeme = match[0];\n      const newMode',
+    'return doIgnore(lexeme);\n      }',
+    `const { lexeme, rule: newMode } = match;
+      if (newMode.__beforeBegin || newMode['on:begin']) {
+        const resp = new Response(newMode);
+        if (newMode.__beforeBegin) newMode.__beforeBegin(match.groups, resp);
+        if (!resp.isMatchIgnored && newMode['on:begin']) newMode['on:begin'](match.groups, resp);
+        if (resp.isMatchIgnored) return doIgnore(lexeme);
+      }`,
+  ],
+  ['const lexeme = match[0];\n      const matchPlus', '=', 'const { lexeme } = match;\n      const matchPlusRemainder ='],
+  ['mode["on:end"](match', ',', 'mode["on:end"](match.groups,'],
+  ['emitMultiClass(mode.beginScope, match', ')', 'emitMultiClass(mode.beginScope, match.groups)'],
+  ['emitMultiClass(top.endScope, match', ')', 'emitMultiClass(top.endScope, match.groups)'],
+  // Plain reads and writes instead of an iterator and a property descriptor.
+  ['const [kind, keywordRelevance] = data', ';', 'const kind = data[0];\nconst keywordRelevance = data[1];'],
+  ['top = Object.create(mode, {', '});', 'const outer = top;\ntop = Object.create(mode);\ntop.parent = outer;'],
+  // What goes wrong within an embedded language must not leave its text out; whoever asked for colours does without.
+  ['} else if (SAFE_MODE) {', '} else {', '} else {'],
   // Whether a passage is another grammar's is for the user of the highlighter to say, who may take it in then.
   ['if (top.subLanguage != null)', ' {', 'if (hasEmbedded(top.subLanguage)) {'],
   ['!top.skip && !top.subLanguage', ')', '!top.skip && !hasEmbedded(top.subLanguage))'],

@@ -3,7 +3,7 @@
  * code, formulas). The parts that read a format see no more of the program than this.
  */
 
-import { writePlainLines, writeRuns } from './code/codeLines.js';
+import { writeLines, writePlainLines, writeRuns } from './code/codeLines.js';
 import { isHighlightable } from './code/isHighlightable.js';
 import { Formulas } from './formulas/Formulas.js';
 import {
@@ -100,7 +100,7 @@ export class Page {
     const runs = this.highlighted(lines, grammar);
     if (runs === undefined && grammar !== undefined && grammar !== 'plaintext') this.notices.add(NOT_HIGHLIGHTED);
     if (runs === undefined) writePlainLines(text, this.writer);
-    else writeRuns(withoutLastLineEnd(runs), this.writer, { isLineByLine: true });
+    else writeLines(withoutLastLineEnd(runs), this.writer);
     if (text !== lines) this.writer.put('\n');
     this.closeSource();
   }

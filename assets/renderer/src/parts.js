@@ -17,8 +17,8 @@ function cut(name) {
   if (entry < 0) return undefined;
   const [, start, end] = tessaryColdIndex.slice(entry + 1, tessaryColdIndex.indexOf('|', entry + 1)).split(':');
   const text = String(tessaryColdParts).slice(Number(start), Number(end));
-  // An end of a comment is kept apart by a mark.
-  return text.includes('\x01') ? text.replaceAll('\x01', '') : text;
+  // A mark stands for a line end, which would end the comment.
+  return text.replaceAll('\x01', '\n');
 }
 
 /** The text of a part, or absent where there is no part of that name. */

@@ -5,6 +5,14 @@
 
 import { scopeClass } from './scopeClasses.js';
 
+/** Scope to class, for the scopes met so far; absent classes too. */
+const classes = new Map();
+
+function classOf(scope) {
+  if (!classes.has(scope)) classes.set(scope, scopeClass(scope));
+  return classes.get(scope);
+}
+
 export class RunEmitter {
   /** Milliseconds since 1970 after which a text is given up, between two of its windows. */
   static deadline = Infinity;
@@ -20,7 +28,7 @@ export class RunEmitter {
   }
 
   openNode(scope) {
-    const own = scopeClass(scope);
+    const own = classOf(scope);
     this.scopes.push(own === undefined ? this.scopes[this.scopes.length - 1] : own);
   }
 

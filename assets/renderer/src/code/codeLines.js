@@ -2,45 +2,40 @@
  * Code on the page. A run is a text with at most one class; runs lie in a flat list, class and text in turn.
  */
 
+import { escapeText } from '../output/escape.js';
+
+// Elements of code are nested in no other way than here, and there are thousands of them: their tags are written as they
+// are, not kept on the writer's stack.
+const LINE_BEGIN = '<span class="tsr-line">';
+const LINE_END = '</span>';
+
 function writeRun(colour, text, writer) {
-  if (text === '') return;
-  if (colour === '') {
-    writer.text(text);
-    return;
-  }
-  writer.open('span', ['class', colour]);
-  writer.text(text);
-  writer.close();
+  if (colour === '') writer.text(text);
+  else if (text !== '') writer.put(`<span class="${colour}">${escapeText(text)}</span>`);
 }
 
-function openLine(writer) {
-  writer.open('span', ['class', 'tsr-line']);
+/** Writes runs. */
+export function writeRuns(runs, writer) {
+  for (let i = 0; i < runs.length; i += 2) writeRun(runs[i], runs[i + 1], writer);
 }
 
-function nextLine(writer) {
-  writer.close();
-  writer.put('\n');
-  openLine(writer);
-}
-
-/** Writes runs; line by line, each line becomes an element of its own, and its end stays outside. */
-export function writeRuns(runs, writer, { isLineByLine = false } = {}) {
-  if (isLineByLine) openLine(writer);
+/** Writes runs line by line: each line becomes an element of its own, and its end stays outside. */
+export function writeLines(runs, writer) {
+  writer.put(LINE_BEGIN);
   for (let i = 0; i < runs.length; i += 2) {
-    if (!isLineByLine) {
-      writeRun(runs[i], runs[i + 1], writer);
-      continue;
+    const text = runs[i + 1];
+    let start = 0;
+    for (let end = text.indexOf('\n'); end >= 0; end = text.indexOf('\n', start)) {
+      writeRun(runs[i], text.slice(start, end), writer);
+      writer.put(`${LINE_END}\n${LINE_BEGIN}`);
+      start = end + 1;
     }
-    const lines = runs[i + 1].split('\n');
-    for (let line = 0; line < lines.length; line++) {
-      if (line > 0) nextLine(writer);
-      writeRun(runs[i], lines[line], writer);
-    }
+    writeRun(runs[i], start === 0 ? text : text.slice(start), writer);
   }
-  if (isLineByLine) writer.close();
+  writer.put(LINE_END);
 }
 
 /** Writes text without colours, line by line. */
 export function writePlainLines(text, writer) {
-  writeRuns(['', text], writer, { isLineByLine: true });
+  writeLines(['', text], writer);
 }

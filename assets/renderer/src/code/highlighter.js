@@ -64,9 +64,12 @@ export function highlight(text, grammar, deadline) {
   RunEmitter.deadline = deadline;
   const windows = inWindows(text.replaceAll(MARK, '\ufffd'));
   const language = windows.includes(MARK) ? windowGrammar(grammar) : grammar;
-  const result = hljs.highlight(windows, { language, ignoreIllegals: true });
-  // What a grammar fails on it leaves unfinished.
-  return result.errorRaised === undefined ? result._emitter.runs.map(withoutMark) : ['', text];
+  try {
+    return hljs.highlight(windows, { language, ignoreIllegals: true })._emitter.runs.map(withoutMark);
+  } catch {
+    // A grammar that gives up, or an exhausted stack, or time that is over.
+    return ['', text];
+  }
 }
 
 function withoutMark(text) {
