@@ -22,6 +22,9 @@ constexpr std::array options{
     // markup, which takes up to half as long again without them.
     Option{"JSC_useFTLJIT", "0"},
     Option{"JSC_useDFGJIT", "0"},
+    // Most functions of a short document are done before the simple compiler would have been worth its while; those of
+    // a long one reach this soon enough.
+    Option{"JSC_thresholdForJITAfterWarmUp", "4000"},
     // What the simple compiler makes is wanted at once, and handing the work to another thread and back costs more than
     // doing it.
     Option{"JSC_useConcurrentJIT", "0"},

@@ -1,6 +1,6 @@
 import assert from 'node:assert/strict';
 import { test } from 'node:test';
-import { body, renderText } from './support.js';
+import { body, renderRequest, renderText, TOKEN } from './support.js';
 
 function lines(text, language) {
   return body(renderText(text, 'code', { language })).split('<span class="tsr-line">').length - 1;
@@ -43,4 +43,14 @@ test('long lines and long stretches of blanks keep a source plain', () => {
   assert.deepEqual([1_023, 1_024, 1_025].map((units) => coloured(line(units))), [true, true, false]);
   const blanks = (units) => `return;${'\n'.repeat(units)}b`;
   assert.deepEqual([255, 256, 257].map((units) => coloured(blanks(units))), [true, true, false]);
+});
+
+test('no text is left out when the time for colours ends in the middle', () => {
+  const text = '<style>\na { color: red }\n</style>\n<script>\nlet a = html`<b>${1}</b>`;\n</script>\n'.repeat(60);
+  const request = { operation: 'render', text, format: { kind: 'code', language: 'html' } };
+  for (let reads = 1; reads < 40; reads++) {
+    const clock = `let reads = 0; Date.now = () => (reads++ < ${reads} ? 0 : 1e6);`;
+    const shown = body(renderRequest(request, TOKEN, clock)).replace(/<[^>]*>/g, '');
+    assert.equal(shown.replaceAll('&lt;', '<').replaceAll('&gt;', '>'), text, `${reads} looks at the clock`);
+  }
 });

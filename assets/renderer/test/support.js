@@ -17,9 +17,10 @@ function freshContext() {
   return context;
 }
 
-/** The result for any request, as the process would write it. */
-export function renderRequest(request, token = TOKEN) {
+/** The result for any request, as the process would write it; `before` is a script that runs ahead of it. */
+export function renderRequest(request, token = TOKEN, before = '') {
   const context = freshContext();
+  vm.runInContext(before, context);
   context.input = JSON.stringify(request);
   context.token = token;
   return JSON.parse(vm.runInContext('JSON.stringify(TessaryOfflineRenderer.render(JSON.parse(input), token))', context));
