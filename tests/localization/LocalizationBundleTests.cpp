@@ -1,19 +1,18 @@
 #include <filesystem>
 #include <string>
-#include <vector>
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 #include "TessaryLocalization/LocalizationBundle.h"
-
-#include "TemporaryFolder.h"
+#include "support/TemporaryFolder.h"
 
 namespace tessary::LocalizationBundle {
 namespace {
 
-using testing::ElementsAre;
-using testing::IsEmpty;
+using ::testing::ElementsAre;
+using ::testing::IsEmpty;
+using testing::TemporaryFolder;
 
 TEST(LocalizationBundle, IsLookedForBesideTheExecutableAndInTheShareFolder) {
   const Places found = places("/opt/host/program", "/usr/share/tessary");

@@ -8,14 +8,14 @@
 
 #include "TessaryLocalization/LocalizationBundle.h"
 #include "TessaryLocalization/LocalizationCatalogs.h"
-
-#include "TemporaryFolder.h"
+#include "support/TemporaryFolder.h"
 
 namespace tessary {
 namespace {
 
-using testing::ElementsAre;
-using testing::IsEmpty;
+using ::testing::ElementsAre;
+using ::testing::IsEmpty;
+using testing::TemporaryFolder;
 
 LocalizationCatalog catalog(std::string language, CatalogMap<std::string> messages,
                             CatalogMap<LocalizationCatalog::PluralForms> plurals = {}) {
@@ -102,7 +102,7 @@ TEST(LocalizationCatalogs, EndTheProcessWhenOneIsBroken) {
                "^could not read catalog .*/fr.json: no JSON at byte 1\n$");
 }
 
-class Messages : public testing::Test {
+class Messages : public ::testing::Test {
  protected:
   static std::vector<std::pair<std::string, LocalizationCatalog>> byCode() {
     return {

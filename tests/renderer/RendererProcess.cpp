@@ -7,7 +7,6 @@
 #include <cstddef>
 #include <cstdlib>
 #include <fcntl.h>
-#include <fstream>
 #include <linux/filter.h>
 #include <linux/seccomp.h>
 #include <ostream>
@@ -108,23 +107,6 @@ void exchange(const ProcessStart& start, pid_t child, int input, int output, int
 }
 
 }  // namespace
-
-TemporaryFolder::TemporaryFolder() {
-  std::string name = (std::filesystem::temp_directory_path() / "tessary-XXXXXX").string();
-  if (::mkdtemp(name.data()) == nullptr) throw std::runtime_error("no temporary folder");
-  path_ = name;
-}
-
-TemporaryFolder::~TemporaryFolder() {
-  std::error_code ignored;
-  std::filesystem::remove_all(path_, ignored);
-}
-
-void TemporaryFolder::write(std::string_view name, std::string_view bytes) const {
-  std::ofstream file(path_ / name, std::ios::binary);
-  file.write(bytes.data(), static_cast<std::streamsize>(bytes.size()));
-  if (!file.flush()) throw std::runtime_error("cannot write a test file");
-}
 
 ProcessEnd runProcess(const ProcessStart& start) {
   Pipe input;

@@ -8,23 +8,9 @@
 #include <string_view>
 #include <vector>
 
+#include "support/TemporaryFolder.h"
+
 namespace tessary::testing {
-
-/// A folder for one test, removed with it.
-class TemporaryFolder {
- public:
-  TemporaryFolder();
-  TemporaryFolder(const TemporaryFolder&) = delete;
-  TemporaryFolder& operator=(const TemporaryFolder&) = delete;
-  ~TemporaryFolder();
-
-  [[nodiscard]] const std::filesystem::path& path() const { return path_; }
-  /// Puts a file of these bytes into the folder.
-  void write(std::string_view name, std::string_view bytes) const;
-
- private:
-  std::filesystem::path path_;
-};
 
 /// How a child process ended and what it left.
 struct ProcessEnd {

@@ -1,35 +1,18 @@
-#include <filesystem>
-#include <fstream>
 #include <string>
 #include <string_view>
 
 #include <gtest/gtest.h>
 
 #include "TessaryDomain/application/FeedbackLink.h"
+#include "support/TemporaryFolder.h"
 
 namespace tessary {
 namespace {
 
 /// A folder that stands for the file system of a machine.
-class Machine {
+class Machine : public testing::TemporaryFolder {
  public:
-  Machine() {
-    std::string pattern = ::testing::TempDir() + "machineXXXXXX";
-    root_ = ::mkdtemp(pattern.data());
-  }
-  ~Machine() { std::filesystem::remove_all(root_); }
-  Machine(const Machine&) = delete;
-  Machine& operator=(const Machine&) = delete;
-
-  void write(const std::string& file, std::string_view content) const {
-    std::filesystem::create_directories((root_ / file).parent_path());
-    std::ofstream(root_ / file, std::ios::binary) << content;
-  }
-
-  [[nodiscard]] FeedbackEnvironment environment() const { return FeedbackEnvironment::current({"1.4", "140"}, root_); }
-
- private:
-  std::filesystem::path root_;
+  [[nodiscard]] FeedbackEnvironment environment() const { return FeedbackEnvironment::current({"1.4", "140"}, path()); }
 };
 
 TEST(FeedbackEnvironment, TellsTheDistributionTheKernelAndTheFirmwaresProductName) {

@@ -1,5 +1,4 @@
 #include <climits>
-#include <cstdlib>
 #include <filesystem>
 #include <fstream>
 #include <random>
@@ -10,22 +9,17 @@
 #include <gtest/gtest.h>
 
 #include "TessaryPlatform/paths/Paths.h"
+#include "support/TemporaryFolder.h"
 
 namespace tessary {
 namespace {
 
 namespace fs = std::filesystem;
+using testing::TemporaryFolder;
 
 /// A folder of its own for each test, which plays the root.
-class PathLinks : public testing::Test {
+class PathLinks : public ::testing::Test {
  protected:
-  void SetUp() override {
-    std::string pattern = fs::temp_directory_path() / "tessary-links-XXXXXX";
-    ASSERT_NE(::mkdtemp(pattern.data()), nullptr);
-    root_ = fs::canonical(pattern);
-  }
-  void TearDown() override { fs::remove_all(root_); }
-
   void makeFolder(std::string_view path) const { fs::create_directories(at(path)); }
   void makeFile(std::string_view path) const { std::ofstream(at(path)).put('x'); }
   void makeLink(std::string_view path, std::string_view target) const { fs::create_symlink(target, at(path)); }
@@ -33,7 +27,8 @@ class PathLinks : public testing::Test {
   [[nodiscard]] std::string resolved(std::string_view path) const { return Paths::resolvingLinks(path, root_); }
   [[nodiscard]] std::string at(std::string_view path) const { return root_ + std::string(path); }
 
-  std::string root_;
+  const TemporaryFolder folder_;
+  const std::string root_ = folder_.path();
 };
 
 TEST_F(PathLinks, ReplacesLinksByWhatTheyLeadTo) {
