@@ -1,4 +1,3 @@
-#include <chrono>
 #include <cmath>
 #include <limits>
 #include <memory>
@@ -15,7 +14,6 @@
 #include <unicode/timezone.h>
 #include <unicode/unistr.h>
 
-#include "TessaryLocalization/LocalizationRuntime.h"
 #include "TessaryLocalization/LocalizedFormat.h"
 #include "TessaryLocalization/RelativeTimeFormatters.h"
 #include "TessaryPlatform/time/ISO8601.h"

@@ -1,15 +1,11 @@
 #include <cstdint>
 #include <limits>
-#include <memory>
 #include <optional>
 #include <string>
 #include <string_view>
 
 #include <gtest/gtest.h>
-#include <unicode/locid.h>
-#include <unicode/numfmt.h>
 #include <unicode/uchar.h>
-#include <unicode/unistr.h>
 
 #include "TessaryLocalization/IntegerQuantity.h"
 #include "TessaryPlatform/text/UTF8.h"

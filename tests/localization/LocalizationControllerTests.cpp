@@ -5,7 +5,6 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include "TessaryLocalization/AppLanguage.h"
 #include "TessaryLocalization/L10n.h"
 #include "TessaryLocalization/LocalizationController.h"
 #include "TessaryLocalization/LocalizationRuntime.h"

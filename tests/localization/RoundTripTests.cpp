@@ -7,7 +7,6 @@
 
 #include <gtest/gtest.h>
 
-#include "TessaryLocalization/AppLanguage.h"
 #include "TessaryLocalization/IntegerQuantity.h"
 #include "TessaryLocalization/L10n.h"
 #include "TessaryLocalization/MessagePattern.h"

@@ -7,7 +7,6 @@
 #include <filesystem>
 #include <fstream>
 #include <iterator>
-#include <pwd.h>
 #include <string>
 #include <sys/resource.h>
 #include <sys/stat.h>

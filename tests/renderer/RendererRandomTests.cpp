@@ -6,7 +6,6 @@
 #include <random>
 #include <string>
 #include <string_view>
-#include <vector>
 
 #include <gtest/gtest.h>
 

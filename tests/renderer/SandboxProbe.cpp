@@ -17,7 +17,6 @@
 #include <fcntl.h>
 #include <functional>
 #include <mutex>
-#include <netinet/in.h>
 #include <pthread.h>
 #include <string>
 #include <string_view>

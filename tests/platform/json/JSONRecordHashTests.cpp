@@ -1,5 +1,4 @@
 #include <cstddef>
-#include <functional>
 #include <set>
 #include <string>
 #include <unordered_map>

@@ -2,7 +2,6 @@
 #include <limits>
 #include <string>
 #include <string_view>
-#include <vector>
 
 #include <gtest/gtest.h>
 

@@ -1,5 +1,3 @@
-#include <algorithm>
-#include <memory>
 #include <random>
 #include <string>
 #include <thread>
