@@ -3,21 +3,19 @@
 #include <algorithm>
 #include <cstddef>
 #include <cstdint>
-#include <cstdlib>
 #include <string>
 #include <string_view>
 
 #include "TessaryDomain/capture/CaptureSignal.h"
 #include "TessaryDomain/capture/HookNormalizer.h"
 #include "TessaryDomain/capture/PythonText.h"
+#include "support/Require.h"
 
 namespace {
 
 using namespace tessary;
 
-void require(bool condition) {
-  if (!condition) std::abort();
-}
+using tessary::testing::require;
 
 void checkText(const std::string& json, const JSONValue& value) {
   require(std::ranges::all_of(json, [](char byte) { return byte >= 0x20 && byte < 0x7F; }));

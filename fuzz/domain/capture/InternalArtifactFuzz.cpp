@@ -4,7 +4,6 @@
 #include <algorithm>
 #include <cstddef>
 #include <cstdint>
-#include <cstdlib>
 #include <limits>
 #include <optional>
 #include <string>
@@ -17,15 +16,14 @@
 #include "TessaryDomain/capture/PythonText.h"
 #include "TessaryDomain/capture/StructuralText.h"
 #include "TessaryPlatform/text/RegularExpression.h"
+#include "support/Require.h"
 
 namespace {
 
 using namespace tessary;
 using CaptureRules::internalArtifact;
 
-void require(bool condition) {
-  if (!condition) std::abort();
-}
+using tessary::testing::require;
 
 void checkScanners(std::string_view text) {
   static const RegularExpression heading = PythonText::expression(Headings::pattern());
