@@ -20,9 +20,13 @@ constexpr std::array<std::string_view, 5> fileMarkers = {
 };
 static_assert(std::ranges::all_of(fileMarkers, [](std::string_view marker) { return marker.starts_with(patchMark); }));
 
+/// True for a line that begins with one of the markers; `line` begins with their mark.
 bool namesFile(std::string_view line) {
-  return std::ranges::any_of(fileMarkers,
-                             [line](std::string_view marker) { return PythonText::hasPrefix(line, marker); });
+  return std::ranges::any_of(fileMarkers, [line](std::string_view marker) {
+    // OPTIMIZATION: the letter behind the mark leaves at most one to be compared as a whole.
+    return line.size() >= marker.size() && line[patchMark.size()] == marker[patchMark.size()] &&
+           PythonText::hasPrefix(line, marker);
+  });
 }
 
 /// The member of `value` named `key` if it is an object; null for everything else.

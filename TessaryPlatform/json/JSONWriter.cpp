@@ -1,11 +1,11 @@
 #include "TessaryPlatform/json/JSONWriter.h"
 
+#include <algorithm>
 #include <array>
 #include <bit>
 #include <charconv>
 #include <cmath>
 #include <cstring>
-#include <optional>
 
 #include <simdjson.h>
 
@@ -19,14 +19,23 @@ namespace {
 /// each byte 0xFF or 0.
 using Block = unsigned char __attribute__((vector_size(16)));
 
-/// Of sixteen bytes, the first that is a quote, a backslash or below 0x20, or, with `stopsAtHigh`, 0x7F or above; 16 if
-/// none is.
-template <bool stopsAtHigh>
-std::size_t findSpecialInBlock(const char* bytes) {
+/// The most bytes that a byte of text becomes: those of "\u0000".
+constexpr std::size_t mostBytesOfByte = 6;
+
+/// True for a byte that is not written as it is, or that begins a scalar that is not.
+template <JSONStyle::Escapes escapes>
+constexpr bool isSpecial(unsigned char byte) {
+  return byte < 0x20 || byte == '"' || byte == '\\' || (escapes == JSONStyle::Escapes::ascii && byte >= 0x7F);
+}
+
+/// Copies sixteen bytes, and gives the index of the first for which `isSpecial` holds; 16 if it holds for none.
+template <JSONStyle::Escapes escapes>
+std::size_t copyBlock(const char* from, char* to) {
   Block block;
-  std::memcpy(&block, bytes, sizeof block);
+  std::memcpy(&block, from, sizeof block);
+  std::memcpy(to, &block, sizeof block);
   auto special = (block < 0x20) | (block == '"') | (block == '\\');
-  if constexpr (stopsAtHigh) special |= block >= 0x7F;
+  if constexpr (escapes == JSONStyle::Escapes::ascii) special |= block >= 0x7F;
   std::array<std::uint64_t, 2> words;
   static_assert(sizeof words == sizeof special);
   std::memcpy(words.data(), &special, sizeof words);
@@ -38,70 +47,111 @@ std::size_t findSpecialInBlock(const char* bytes) {
   return words[1] != 0 ? sizeof words[0] + firstByte(words[1]) : sizeof block;
 }
 
-template <bool stopsAtHigh>
-constexpr bool isSpecial(unsigned char byte) {
-  return byte < 0x20 || byte == '"' || byte == '\\' || (stopsAtHigh && byte >= 0x7F);
-}
-
-/// The end of the run, from `position`, of bytes that are written as they are.
-template <bool stopsAtHigh>
-std::size_t skipPlain(std::string_view text, std::size_t position) {
-  while (text.size() - position >= sizeof(Block)) {
-    const std::size_t index = findSpecialInBlock<stopsAtHigh>(text.data() + position);
-    position += index;
-    if (index < sizeof(Block)) return position;
-  }
-  while (position < text.size() && !isSpecial<stopsAtHigh>(static_cast<unsigned char>(text[position])))
-    ++position;
-  return position;
-}
-
-void appendUnitEscape(std::string& json, char32_t unit) {
+/// The two hexadecimal digits of every byte.
+constexpr auto hexPairs = [] {
   constexpr std::string_view digits = "0123456789abcdef";
-  json += {'\\', 'u', digits[unit >> 12 & 0xF], digits[unit >> 8 & 0xF], digits[unit >> 4 & 0xF], digits[unit & 0xF]};
+  std::array<std::array<char, 2>, 256> pairs{};
+  for (std::size_t byte = 0; byte < pairs.size(); ++byte)
+    pairs[byte] = {digits[byte >> 4], digits[byte & 0xF]};
+  return pairs;
+}();
+
+/// The letter behind the backslash for the bytes that have an escape of their own; 0 for all others.
+constexpr auto escapeLetters = [] {
+  std::array<char, 128> letters{};
+  letters['"'] = '"';
+  letters['\\'] = '\\';
+  letters['\b'] = 'b';
+  letters['\t'] = 't';
+  letters['\n'] = 'n';
+  letters['\f'] = 'f';
+  letters['\r'] = 'r';
+  return letters;
+}();
+
+char* writeUnitEscape(char* to, char32_t unit) {
+  std::memcpy(to, "\\u", 2);
+  std::memcpy(to + 2, hexPairs[unit >> 8].data(), 2);
+  std::memcpy(to + 4, hexPairs[unit & 0xFF].data(), 2);
+  return to + 6;
 }
 
-void appendEscape(std::string& json, char32_t scalar) {
-  switch (scalar) {
-    case '"':
-      json += "\\\"";
-      return;
-    case '\\':
-      json += "\\\\";
-      return;
-    case '\b':
-      json += "\\b";
-      return;
-    case '\t':
-      json += "\\t";
-      return;
-    case '\n':
-      json += "\\n";
-      return;
-    case '\f':
-      json += "\\f";
-      return;
-    case '\r':
-      json += "\\r";
-      return;
-    default:
-      break;
+/// Writes the escape of a scalar and gives the place behind it.
+char* writeEscape(char* to, char32_t scalar) {
+  if (scalar < escapeLetters.size() && escapeLetters[scalar] != 0) {
+    to[0] = '\\';
+    to[1] = escapeLetters[scalar];
+    return to + 2;
   }
-  if (scalar >= 0x10000) {
-    appendUnitEscape(json, 0xD800 + ((scalar - 0x10000) >> 10));
-    scalar = 0xDC00 + ((scalar - 0x10000) & 0x3FF);
-  }
-  appendUnitEscape(json, scalar);
+  if (scalar < 0x10000) return writeUnitEscape(to, scalar);
+  to = writeUnitEscape(to, 0xD800 + ((scalar - 0x10000) >> 10));
+  return writeUnitEscape(to, 0xDC00 + ((scalar - 0x10000) & 0x3FF));
 }
 
-/// Well-formed text, of which only quotes, backslashes and control characters are escaped.
-void appendWellFormed(std::string& json, std::string_view text, std::size_t position) {
-  while (true) {
-    const std::size_t end = skipPlain<false>(text, position);
-    json.append(text.data() + position, end - position);
-    if (end == text.size()) return;
-    appendEscape(json, static_cast<unsigned char>(text[end]));
-    position = end + 1;
+/// A piece of a text on its way to where it is written.
+struct Writing {
+  std::string_view text;
+  /// The next byte of the text, at which a scalar begins, and where it goes.
+  std::size_t position;
+  char* to;
+};
+
+/// How many bytes are written at once, at the most: by one block, or by one scalar.
+constexpr std::size_t mostBytesAtOnce = sizeof(Block);
+
+/// Writes what stands for itself, up to byte `end` or to the end of the block in which that lies.
+template <JSONStyle::Escapes escapes>
+void writePlain(Writing& at, std::size_t end) {
+  while (at.position < end && at.text.size() - at.position >= sizeof(Block)) {
+    const std::size_t index = copyBlock<escapes>(at.text.data() + at.position, at.to);
+    at.position += index;
+    at.to += index;
+    if (index < sizeof(Block)) return;
+  }
+  while (at.position < end && !isSpecial<escapes>(static_cast<unsigned char>(at.text[at.position])))
+    *at.to++ = at.text[at.position++];
+}
+
+/// Writes what does not, and single bytes between that do: they are not worth a block.
+template <JSONStyle::Escapes escapes>
+void writeSpecial(Writing& at, std::size_t end) {
+  const auto isSpecialAt = [&at](std::size_t position) {
+    return position < at.text.size() && isSpecial<escapes>(static_cast<unsigned char>(at.text[position]));
+  };
+  while (at.position < end) {
+    if (isSpecialAt(at.position)) {
+      const DecodedScalar decoded = decodeScalar(at.text, at.position);
+      at.to = writeEscape(at.to, decoded.scalar);
+      at.position += decoded.byteCount;
+    } else if (isSpecialAt(at.position + 1)) {
+      *at.to++ = at.text[at.position++];
+    } else {
+      return;
+    }
+  }
+}
+
+/// Appends a text without the quotes. What is not escaped is copied as it stands, so that a text of which only ASCII
+/// is escaped must be well-formed.
+///
+/// OPTIMIZATION: the string is lengthened once for a piece of the text, by the most that may come of it, so that no
+/// byte asks for room.
+template <JSONStyle::Escapes escapes>
+void appendEscaped(std::string& json, std::string_view text) {
+  constexpr std::size_t pieceBytes = 1024;
+  for (std::size_t position = 0; position < text.size();) {
+    const std::size_t start = json.size();
+    const std::size_t end = std::min(position + pieceBytes, text.size());
+    json.resize_and_overwrite(start + (end - position) * mostBytesOfByte + mostBytesAtOnce,
+                              [&](char* bytes, std::size_t) {
+                                Writing at{text, position, bytes + start};
+                                while (at.position < end) {
+                                  writePlain<escapes>(at, end);
+                                  writeSpecial<escapes>(at, end);
+                                }
+                                position = at.position;
+                                return static_cast<std::size_t>(at.to - bytes);
+                              });
   }
 }
 
@@ -190,26 +240,13 @@ void appendJSONText(std::string& json, std::string_view text, JSONStyle::Escapes
 }
 
 void appendRestOfJSONText(std::string& json, std::string_view text, std::size_t position, JSONStyle::Escapes escapes) {
-  const bool isASCII = escapes == JSONStyle::Escapes::ascii;
-  std::optional<bool> isWellFormed;
-  while (true) {
-    const std::size_t end = skipPlain<true>(text, position);
-    json.append(text.data() + position, end - position);
-    position = end;
-    if (position == text.size()) break;
-    const DecodedScalar decoded = decodeScalar(text, position);
-    if (isASCII || decoded.scalar < 0x20 || decoded.scalar == '"' || decoded.scalar == '\\') {
-      appendEscape(json, decoded.scalar);
-    } else {
-      // OPTIMIZATION: one check by vectors spares a look at every scalar behind the first that is not ASCII.
-      if (!isWellFormed) isWellFormed = simdjson::validate_utf8(text.data() + position, text.size() - position);
-      if (*isWellFormed) {
-        appendWellFormed(json, text, position);
-        break;
-      }
-      appendScalar(json, decoded.scalar);
-    }
-    position += decoded.byteCount;
+  const std::string_view rest = text.substr(position);
+  if (escapes == JSONStyle::Escapes::ascii) {
+    appendEscaped<JSONStyle::Escapes::ascii>(json, rest);
+  } else if (simdjson::validate_utf8(rest.data(), rest.size())) {
+    appendEscaped<JSONStyle::Escapes::minimal>(json, rest);
+  } else {
+    appendEscaped<JSONStyle::Escapes::minimal>(json, repairedUTF8(rest));
   }
   json += '"';
 }

@@ -174,6 +174,38 @@ TEST(JSONWriter, RandomTextsAreWrittenAsByThePlainRule) {
   }
 }
 
+TEST(JSONWriter, LongTextsAreWrittenAsByThePlainRuleWhereverTheyAreCut) {
+  // Long texts are written in pieces of a fixed length, so that what is escaped must stand at every place around a cut.
+  for (const std::string_view special : {"\n", "\x01", "é", "한", "😀", "\xFF", "\xF0\x9F\x98", "\"x\""}) {
+    for (const std::string_view filler : {"x", "한", "\\", "a\n"}) {
+      for (std::size_t before = 1024 - 24; before < 1024 + 24; ++before) {
+        std::string text;
+        while (text.size() + filler.size() <= before)
+          text += filler;
+        text.append(before - text.size(), 'y');
+        text.append(special).append(3, 'z').append(special);
+        for (const Escapes escapes : {Escapes::minimal, Escapes::ascii})
+          ASSERT_EQ(textOf(text, escapes), plainTextOf(text, escapes)) << special << " at " << before;
+      }
+    }
+  }
+}
+
+TEST(JSONWriter, LongRandomTextsAreWrittenAsByThePlainRule) {
+  std::mt19937 random(20260215);
+  static constexpr std::string_view pieces[] = {
+      "a", " ", "some plain text that is long", "\"", "\\", "\n", "\x01", "\x7F", "é", "한국", "한", "😀", "\xFF"};
+  for (int round = 0; round < 300; ++round) {
+    // Half of the texts are well-formed.
+    const std::size_t kinds = std::size(pieces) - static_cast<std::size_t>(round % 2);
+    std::string text;
+    for (std::size_t count = random() % 3000; count > 0; --count)
+      text += pieces[random() % kinds];
+    for (const Escapes escapes : {Escapes::minimal, Escapes::ascii})
+      ASSERT_EQ(textOf(text, escapes), plainTextOf(text, escapes)) << "round " << round;
+  }
+}
+
 TEST(JSONWriter, TextsWithOneFlawAtTheEndAreWrittenInLinearTime) {
   std::string text;
   for (int count = 0; count < 300'000; ++count)
