@@ -2,32 +2,14 @@
 
 #include <algorithm>
 #include <cmath>
-#include <memory>
 #include <optional>
-#include <sys/mman.h>
 
+#include "TessaryPlatform/json/JSONMemory.h"
 #include "TessaryPlatform/time/ISO8601.h"
 
 namespace tessary::json {
 
 using Kind = JSONEncodingError::Kind;
-
-namespace {
-
-/// Asks the kernel for huge pages under the room of `text` that is not written yet, if there is much of it.
-///
-/// OPTIMIZATION: the kernel interrupts at the first byte of every page, and of a text of 100 megabytes in small pages
-/// that is half the time. Advice only: where it is not taken, nothing changes.
-void adviseHugePages(std::string& text) {
-  constexpr std::size_t smallPage = 4096;
-  constexpr std::size_t hugePage = std::size_t{2} << 20;
-  void* room = text.data() + text.size();
-  std::size_t size = text.capacity() - text.size();
-  if (size < 2 * hugePage || std::align(smallPage, hugePage, room, size) == nullptr) return;
-  static_cast<void>(::madvise(room, size / smallPage * smallPage, MADV_HUGEPAGE));
-}
-
-}  // namespace
 
 // OPTIMIZATION: a text that grows by doubling is copied once more as a whole and touches twice the memory. So that a
 // few long elements at the front do not claim memory without measure for all, the text is made at most eight times as
@@ -40,7 +22,7 @@ void reserveForRest(std::string& text, std::size_t start, std::size_t written, s
   const std::size_t room = expected < static_cast<double>(most) ? static_cast<std::size_t>(expected) : most;
   if (room <= text.capacity()) return;
   text.reserve(room);
-  adviseHugePages(text);
+  adviseHugePages(text.data() + text.size(), text.capacity() - text.size());
 }
 
 bool ValueWriter::fail(Kind kind) {

@@ -7,6 +7,7 @@
 #include <simdjson.h>
 
 #include "TessaryPlatform/json/JSONCursor.h"
+#include "TessaryPlatform/json/JSONMemory.h"
 #include "TessaryPlatform/text/UTF8.h"
 
 namespace tessary {
@@ -39,6 +40,8 @@ std::optional<JSONTokens> JSONTokens::indexedWithVectors(std::string_view text,
   if (implementation.create_dom_parser_implementation(text.size(), 1, indexer) != simdjson::SUCCESS) {
     throw std::bad_alloc();
   }
+  // simdjson makes room for a token at every byte.
+  json::adviseHugePages(indexer->structural_indexes.get(), text.size() * sizeof(std::uint32_t));
   const auto* bytes = reinterpret_cast<const std::uint8_t*>(text.data());
   if (indexer->stage1(bytes, text.size(), simdjson::stage1_mode::regular) != simdjson::SUCCESS) return std::nullopt;
   return JSONTokens(text, std::move(indexer->structural_indexes), indexer->n_structural_indexes);
