@@ -13,9 +13,7 @@ target_compile_options(tessary_build_options INTERFACE
   $<$<CXX_COMPILER_ID:Clang>:-Wno-deprecated-declarations>)
 if(TESSARY_SANITIZERS)
   target_compile_options(tessary_build_options INTERFACE
-    -fsanitize=${TESSARY_SANITIZERS} -fno-sanitize-recover=all -fno-omit-frame-pointer
-    # Instrumented, an empty std::optional looks to g++ as if what it does not hold were read. The sanitizers look better.
-    $<$<CXX_COMPILER_ID:GNU>:-Wno-maybe-uninitialized>)
+    -fsanitize=${TESSARY_SANITIZERS} -fno-sanitize-recover=all -fno-omit-frame-pointer)
   target_link_options(tessary_build_options INTERFACE -fsanitize=${TESSARY_SANITIZERS})
 endif()
 if(TESSARY_BUILD_FUZZERS)

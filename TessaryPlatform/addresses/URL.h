@@ -20,7 +20,8 @@ namespace tessary {
 ///   characters that the grammar has no place for there ("[" in a query, "|"), save "\", which readers of addresses
 ///   take for a "/" or for itself.
 /// - A host with scalars beyond ASCII, written plainly or escaped, becomes the ASCII name that is looked up (IDNA by
-///   UTS 46, non-transitional). Needless escapes in a host are undone: "%65xample.test" is "example.test".
+///   UTS 46, non-transitional). Needless escapes in a host are undone, and the others get capital digits:
+///   "%65xample%3a.test" is "example%3A.test".
 /// - An empty port is no port, and a port loses its leading zeros.
 ///
 /// Nothing else is normalised: letter case, "." and ".." in the path and existing escapes stay as they are written.

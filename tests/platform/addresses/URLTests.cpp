@@ -135,6 +135,8 @@ TEST(URL, BringsWhatPeopleWriteIntoTheFormOfTheGrammar) {
 TEST(URL, UndoesTheEscapesOfAHost) {
   EXPECT_EQ(parse("https://exa%2Fm%25ple.test")->host(), "exa/m%ple.test");
   EXPECT_EQ(parse("https://exa%2Fm%25ple.test")->encodedHost(), "exa%2Fm%25ple.test");
+  EXPECT_EQ(parse("https://%65xample%3a.test")->encodedHost(), "example%3A.test");
+  EXPECT_EQ(parse("https://%65xample%3a.test")->host(), "example:.test");
   EXPECT_EQ(parse("mailto:a@b")->host(), std::nullopt);
 }
 
