@@ -7,6 +7,7 @@
 
 #include "TessaryDomain/capture/PythonPath.h"
 #include "TessaryPlatform/text/ASCII.h"
+#include "TessaryPlatform/text/ByteBlock.h"
 
 // How bytes are read here. A byte below 0x80 and the lead byte of a well-formed sequence always begin a scalar, also
 // behind ill-formed bytes: no ill-formed subpart swallows a byte that could begin something. So a scalar can be looked
@@ -45,56 +46,28 @@ std::size_t lineEndByteCount(std::string_view text, std::size_t position) {
   return isLineEnd(decoded.scalar) ? decoded.byteCount : 0;
 }
 
-/// Sixteen bytes that the compiler handles at once (a vector extension that g++ and clang share); a comparison makes
-/// each byte 0xFF or 0.
-using Block = unsigned char __attribute__((vector_size(16)));
-
-Block blockAt(std::string_view text, std::size_t position) {
-  Block block;
-  std::memcpy(&block, text.data() + position, sizeof block);
-  return block;
-}
-
-template <typename Mask>
-std::array<std::uint64_t, 2> halves(const Mask& mask) {
-  std::array<std::uint64_t, 2> words;
-  static_assert(sizeof words == sizeof mask);
-  std::memcpy(words.data(), &mask, sizeof words);
-  return words;
-}
-
-/// The index of the first byte of a word's memory that is not 0.
-std::size_t firstByte(std::uint64_t word) {
-  const int zeros = std::endian::native == std::endian::little ? std::countr_zero(word) : std::countl_zero(word);
-  return static_cast<std::size_t>(zeros) / 8;
-}
-
 /// OPTIMIZATION: of the sixteen bytes at `position`, the first that begins a line end; 16 if none does. The two bytes
 /// behind them are looked at as well. Three times as fast as one byte at a time on prose.
 std::size_t findLineEndInBlock(std::string_view text, std::size_t position) {
-  constexpr std::size_t none = sizeof(Block);
-  const Block bytes = blockAt(text, position);
+  const ByteBlock bytes = byteBlockAt(text.data() + position);
   auto lineEnds = (bytes - 0x0A < 4) | (bytes - 0x1C < 3);
-  const auto [outsideLow, outsideHigh] = halves(bytes & 0x80);
-  if ((outsideLow | outsideHigh) != 0) {
-    const Block second = blockAt(text, position + 1);
-    const Block third = blockAt(text, position + 2);
+  if (hasByte(bytes & 0x80)) {
+    const ByteBlock second = byteBlockAt(text.data() + position + 1);
+    const ByteBlock third = byteBlockAt(text.data() + position + 2);
     lineEnds |= (bytes == 0xC2) & (second == 0x85);
     lineEnds |= (bytes == 0xE2) & (second == 0x80) & ((third | 1) == 0xA9);
   }
-  const auto [low, high] = halves(lineEnds);
-  if (low != 0) return firstByte(low);
-  return high != 0 ? sizeof low + firstByte(high) : none;
+  return firstByte(lineEnds);
 }
 
 /// The first line end at or behind `position`, or the end of the text.
 std::size_t findLineEnd(std::string_view text, std::size_t position) {
   // Many a line is empty, and not worth a block.
   if (text[position] == '\n') return position;
-  while (text.size() - position >= sizeof(Block) + 2) {
+  while (text.size() - position >= sizeof(ByteBlock) + 2) {
     const std::size_t index = findLineEndInBlock(text, position);
     position += index;
-    if (index < sizeof(Block)) return position;
+    if (index < sizeof(ByteBlock)) return position;
   }
   while (position < text.size() && lineEndByteCount(text, position) == 0)
     ++position;
@@ -155,30 +128,26 @@ constexpr bool leadsFoldIntoASCII(unsigned char byte) {
 /// Of the sixteen bytes at `position`, the first that may begin a scalar of the table, judged by two or three bytes; 16
 /// if none does. All scalars of the table are found. The two bytes behind them are looked at as well.
 std::size_t findFoldIntoASCIIInBlock(std::string_view text, std::size_t position) {
-  constexpr std::size_t none = sizeof(Block);
-  const Block first = blockAt(text, position);
+  const ByteBlock first = byteBlockAt(text.data() + position);
   // OPTIMIZATION: most scripts have no such first byte (`leadsFoldIntoASCII`) at all, and take no second look.
-  const auto [firstLow, firstHigh] = halves((first - 0xC3 < 5) | (first - 0xE1 < 2) | (first == 0xEF));
-  if ((firstLow | firstHigh) == 0) return none;
-  const Block second = blockAt(text, position + 1);
-  const Block third = blockAt(text, position + 2);
+  if (!hasByte((first - 0xC3 < 5) | (first - 0xE1 < 2) | (first == 0xEF))) return sizeof(ByteBlock);
+  const ByteBlock second = byteBlockAt(text.data() + position + 1);
+  const ByteBlock third = byteBlockAt(text.data() + position + 2);
   const auto found = ((first == 0xC3) & (second == 0x9F)) | (((first == 0xC4) | (first == 0xC7)) & (second == 0xB0)) |
                      ((first == 0xC5) & ((second == 0x89) | (second == 0xBF))) |
                      ((first == 0xE1) & (second == 0xBA) & (third - 0x96 < 9)) |
                      ((first == 0xE2) & (second == 0x84) & (third == 0xAA)) |
                      ((first == 0xEF) & (second == 0xAC) & (third < 0x87));
-  const auto [low, high] = halves(found);
-  if (low != 0) return firstByte(low);
-  return high != 0 ? sizeof low + firstByte(high) : none;
+  return firstByte(found);
 }
 
 /// True if the sixty-four bytes at `position` are ASCII.
 bool areFourBlocksASCII(std::string_view text, std::size_t position) {
-  constexpr std::size_t size = sizeof(Block);
-  const Block bytes = blockAt(text, position) | blockAt(text, position + size) | blockAt(text, position + 2 * size) |
-                      blockAt(text, position + 3 * size);
-  const auto [low, high] = halves(bytes & 0x80);
-  return (low | high) == 0;
+  constexpr std::size_t size = sizeof(ByteBlock);
+  const char* const at = text.data() + position;
+  const ByteBlock front = byteBlockAt(at) | byteBlockAt(at + size);
+  const ByteBlock back = byteBlockAt(at + 2 * size) | byteBlockAt(at + 3 * size);
+  return !hasByte((front | back) & 0x80);
 }
 
 /// The first place at or behind `position` where a scalar begins that the table holds, or the end of the text.
@@ -187,14 +156,14 @@ std::size_t findFoldIntoASCII(std::string_view text, std::size_t position) {
     return leadsFoldIntoASCII(byteAt(text, index)) && foldOutsideASCII(decodeScalar(text, index).scalar) != nullptr;
   };
   // OPTIMIZATION: many bytes at once, nearly all of which hold none.
-  while (text.size() - position >= sizeof(Block) + 2) {
-    if (text.size() - position >= 4 * sizeof(Block) && areFourBlocksASCII(text, position)) {
-      position += 4 * sizeof(Block);
+  while (text.size() - position >= sizeof(ByteBlock) + 2) {
+    if (text.size() - position >= 4 * sizeof(ByteBlock) && areFourBlocksASCII(text, position)) {
+      position += 4 * sizeof(ByteBlock);
       continue;
     }
     const std::size_t index = findFoldIntoASCIIInBlock(text, position);
     position += index;
-    if (index == sizeof(Block)) continue;
+    if (index == sizeof(ByteBlock)) continue;
     if (isFoldAt(position)) return position;
     ++position;
   }
@@ -206,10 +175,10 @@ std::size_t findFoldIntoASCII(std::string_view text, std::size_t position) {
 /// Makes the ASCII letters from `position` on small.
 void foldASCII(std::string& text, std::size_t position) {
   // OPTIMIZATION: sixteen bytes at once; with the search above ten times as fast as one scalar at a time.
-  for (; text.size() - position >= sizeof(Block); position += sizeof(Block)) {
-    Block bytes = blockAt(text, position);
+  for (; text.size() - position >= sizeof(ByteBlock); position += sizeof(ByteBlock)) {
+    ByteBlock bytes = byteBlockAt(text.data() + position);
     const auto capitals = bytes - 'A' < 26;
-    bytes |= std::bit_cast<Block>(capitals) & 0x20;
+    bytes |= std::bit_cast<ByteBlock>(capitals) & 0x20;
     std::memcpy(text.data() + position, &bytes, sizeof bytes);
   }
   for (; position < text.size(); ++position)

@@ -1,10 +1,11 @@
 #pragma once
 
-#include <array>
 #include <cstddef>
 #include <cstdint>
 #include <cstring>
 #include <string_view>
+
+#include "TessaryPlatform/text/ByteBlock.h"
 
 // How texts are found to need no escape, many bytes at a time.
 
@@ -15,19 +16,14 @@ constexpr bool isPlain(char byte) {
   return static_cast<signed char>(byte) >= 0x20 && byte != '"' && byte != '\\';
 }
 
-/// Vectors as the compilers know them; bytes are compared as signed, so those of 0x80 and above are below 0x20.
-using SixteenBytes [[gnu::vector_size(16)]] = signed char;
-
-[[nodiscard]] inline bool isPlain(SixteenBytes bytes) {
-  const auto special = (bytes < 0x20) | (bytes == '"') | (bytes == '\\');
-  std::array<std::uint64_t, 2> halves{};
-  std::memcpy(halves.data(), &special, sizeof halves);
-  return (halves[0] | halves[1]) == 0;
+/// The bytes are compared as signed, so those of 0x80 and above are below 0x20.
+[[nodiscard]] inline bool isPlain(SignedByteBlock bytes) {
+  return !hasByte((bytes < 0x20) | (bytes == '"') | (bytes == '\\'));
 }
 
 template <class Word>
 [[nodiscard]] bool copyIfPlain(const char* from, char* to) {
-  SixteenBytes bytes;
+  SignedByteBlock bytes;
   // Where the word is shorter, the rest is filled with what is plain.
   std::memset(&bytes, ' ', sizeof bytes);
   std::memcpy(&bytes, from, sizeof(Word));
@@ -46,9 +42,9 @@ template <class Word>
   std::size_t position = 0;
   if (size >= 16) {
     for (; size - position >= 16; position += 16) {
-      if (!copyIfPlain<SixteenBytes>(from + position, to + position)) return position;
+      if (!copyIfPlain<SignedByteBlock>(from + position, to + position)) return position;
     }
-    return copyIfPlain<SixteenBytes>(from + size - 16, to + size - 16) ? size : position;
+    return copyIfPlain<SignedByteBlock>(from + size - 16, to + size - 16) ? size : position;
   }
   if (size >= 8) {
     const bool isCopied =

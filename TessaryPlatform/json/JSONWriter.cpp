@@ -2,22 +2,18 @@
 
 #include <algorithm>
 #include <array>
-#include <bit>
 #include <charconv>
 #include <cmath>
 #include <cstring>
 
 #include <simdjson.h>
 
+#include "TessaryPlatform/text/ByteBlock.h"
 #include "TessaryPlatform/text/UTF8.h"
 
 namespace tessary {
 
 namespace {
-
-/// Sixteen bytes that the compiler handles at once (a vector extension that g++ and clang share); a comparison makes
-/// each byte 0xFF or 0.
-using Block = unsigned char __attribute__((vector_size(16)));
 
 /// The most bytes that a byte of text becomes: those of "\u0000".
 constexpr std::size_t mostBytesOfByte = 6;
@@ -31,20 +27,11 @@ constexpr bool isSpecial(unsigned char byte) {
 /// Copies sixteen bytes, and gives the index of the first for which `isSpecial` holds; 16 if it holds for none.
 template <JSONStyle::Escapes escapes>
 std::size_t copyBlock(const char* from, char* to) {
-  Block block;
-  std::memcpy(&block, from, sizeof block);
+  const ByteBlock block = byteBlockAt(from);
   std::memcpy(to, &block, sizeof block);
   auto special = (block < 0x20) | (block == '"') | (block == '\\');
   if constexpr (escapes == JSONStyle::Escapes::ascii) special |= block >= 0x7F;
-  std::array<std::uint64_t, 2> words;
-  static_assert(sizeof words == sizeof special);
-  std::memcpy(words.data(), &special, sizeof words);
-  const auto firstByte = [](std::uint64_t word) {
-    const int zeros = std::endian::native == std::endian::little ? std::countr_zero(word) : std::countl_zero(word);
-    return static_cast<std::size_t>(zeros) / 8;
-  };
-  if (words[0] != 0) return firstByte(words[0]);
-  return words[1] != 0 ? sizeof words[0] + firstByte(words[1]) : sizeof block;
+  return firstByte(special);
 }
 
 /// The two hexadecimal digits of every byte.
@@ -97,16 +84,16 @@ struct Writing {
 };
 
 /// How many bytes are written at once, at the most: by one block, or by one scalar.
-constexpr std::size_t mostBytesAtOnce = sizeof(Block);
+constexpr std::size_t mostBytesAtOnce = sizeof(ByteBlock);
 
 /// Writes what stands for itself, up to byte `end` or to the end of the block in which that lies.
 template <JSONStyle::Escapes escapes>
 void writePlain(Writing& at, std::size_t end) {
-  while (at.position < end && at.text.size() - at.position >= sizeof(Block)) {
+  while (at.position < end && at.text.size() - at.position >= sizeof(ByteBlock)) {
     const std::size_t index = copyBlock<escapes>(at.text.data() + at.position, at.to);
     at.position += index;
     at.to += index;
-    if (index < sizeof(Block)) return;
+    if (index < sizeof(ByteBlock)) return;
   }
   while (at.position < end && !isSpecial<escapes>(static_cast<unsigned char>(at.text[at.position])))
     *at.to++ = at.text[at.position++];
