@@ -235,10 +235,15 @@ TEST(JSONRecord, OfARepeatedKeyTheFirstValueLeavesNoUnknownKeysBehind) {
   const std::string first = R"({"en":["a"],"ko":["b"]})";
   const std::string last = R"({"en":["c"],"fr":["d"]})";
   const TestNotes notes{{"c"}, {{"fr", {"d"}}}};
-  EXPECT_EQ(readJSON<TestShelf>(R"({"top":)" + first + R"(,"top":)" + last + "}"), (TestShelf{notes, {}, {}}));
-  EXPECT_EQ(readJSON<TestShelf>(R"({"rest":{"r":)" + first + R"(,"r":)" + last + "}}"),
-            (TestShelf{{}, {{"r", notes}}, {}}));
-  EXPECT_EQ(readJSON<TestShelf>(R"({"o":)" + first + R"(,"o":)" + last + "}"), (TestShelf{{}, {}, {{"o", notes}}}));
+  TestShelf atTop;
+  atTop.top = notes;
+  EXPECT_EQ(readJSON<TestShelf>(R"({"top":)" + first + R"(,"top":)" + last + "}"), atTop);
+  TestShelf inMap;
+  inMap.rest["r"] = notes;
+  EXPECT_EQ(readJSON<TestShelf>(R"({"rest":{"r":)" + first + R"(,"r":)" + last + "}}"), inMap);
+  TestShelf inOthers;
+  inOthers.others["o"] = notes;
+  EXPECT_EQ(readJSON<TestShelf>(R"({"o":)" + first + R"(,"o":)" + last + "}"), inOthers);
 }
 
 TEST(JSONRecord, TellsAsManyKeysApartAsARecordMayHave) {
