@@ -3,6 +3,7 @@
 #include <string>
 
 #include "TessaryDomain/capture/PythonText.h"
+#include "TessaryPlatform/text/ASCII.h"
 #include "TessaryPlatform/text/TextPieces.h"
 
 // How all phrases are looked for at once (Wu and Manber, "A fast algorithm for multi-pattern searching", 1994). A
@@ -26,14 +27,10 @@ namespace tessary {
 
 namespace {
 
-constexpr char foldedASCII(char byte) {
-  return byte >= 'A' && byte <= 'Z' ? static_cast<char>(byte | 0x20) : byte;
-}
-
 bool beginsWith(std::string_view text, std::string_view phrase) {
   if (text.size() < phrase.size()) return false;
   for (std::size_t index = 0; index < phrase.size(); ++index) {
-    if (foldedASCII(text[index]) != phrase[index]) return false;
+    if (lowercasedASCII(text[index]) != phrase[index]) return false;
   }
   return true;
 }
